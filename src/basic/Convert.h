@@ -31,11 +31,14 @@ float CSng(const Variant& value);
 std::int16_t CInt(const Variant& value);
 std::int32_t CLng(const Variant& value);
 std::uint8_t CByte(const Variant& value);
-/// Any number but 0 is true; texts may be the words of the locale or the English or German ones, in any case.
+/// Any number but 0 is true; texts may be the words of the locale or the English ones, in any case.
 bool CBool(const Variant& value);
+/// What a program wrote as a truth value, be it on a German or an English machine: both languages' words in any case,
+/// or a number; nothing when the text is neither.
+std::optional<bool> ReadBoolean(std::string_view text);
 Date CDate(const Variant& value);
 Currency CCur(const Variant& value);
-/// An exact decimal with at most 18 digits.
+/// An exact decimal with at most 18 digits; Doubles and texts count with 15.
 Decimal CDec(const Variant& value);
 
 /// True when CDbl would succeed and the value is neither Null nor a Date; never raises.
@@ -48,8 +51,9 @@ std::optional<double> ReadNumber(std::string_view text);
 
 /// Reads from the left with a decimal point only, whatever the locale; stops at what it does not know. 0 when there is
 /// nothing to read.
-double Val(std::string_view text);
-double Val(const Variant& value);  ///< of the value's text. @throws Error 94
+double ReadVal(std::string_view text);
+/// ReadVal of the value's text. @throws Error 94: Null
+double Val(const Variant& value);
 /// Decimal point, a blank in front of what is not negative, no zero before the point.
 std::string Str(const Variant& value);
 
@@ -96,4 +100,4 @@ bool SameValue(const Variant& a, const Variant& b);
 /// unless the text reads as that number.
 bool Equals(const Variant& a, const Variant& b);
 
-}  // namespace kvx::basic
+} // namespace kvx::basic

@@ -99,7 +99,7 @@ std::string_view WordingOf(std::int32_t number)
     return known ? row->text : "Application-defined or object-defined error";
 }
 
-}  // namespace
+} // namespace
 
 Error::Error(std::int32_t number, std::string description, std::string source)
     : Number(number), Source(std::move(source)), Description(std::move(description))
@@ -116,4 +116,4 @@ void Raise(std::int32_t number, std::string description)
     throw Error(number, std::move(description));
 }
 
-}  // namespace kvx::basic
+} // namespace kvx::basic

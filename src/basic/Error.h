@@ -14,10 +14,10 @@ public:
 
     const char* what() const noexcept override { return Description.c_str(); }
 
-    std::int32_t Number;      ///< short positive for run-time and ADO's own errors, full negative for a provider's
-    std::string Source;       ///< component that raised it
-    std::string Description;  ///< shown to the user as it stands
-    std::string Statement;    ///< SQL text that failed; empty when none did
+    std::int32_t Number;     ///< short positive for run-time and ADO's own errors, full negative for a provider's
+    std::string Source;      ///< component that raised it
+    std::string Description; ///< shown to the user as it stands
+    std::string Statement;   ///< SQL text that failed; empty when none did
 };
 
 // Run-time errors.
@@ -51,4 +51,4 @@ constexpr std::int32_t kErrNodeKeyInvalid = 35603;
 [[noreturn]] void Raise(std::int32_t number);
 [[noreturn]] void Raise(std::int32_t number, std::string description);
 
-}  // namespace kvx::basic
+} // namespace kvx::basic

@@ -17,4 +17,4 @@ namespace kvx::basic {
 /// @throws Error 13: an array; 91: Nothing
 std::string Format(const Variant& value, std::string_view mask = {});
 
-}  // namespace kvx::basic
+} // namespace kvx::basic

@@ -71,4 +71,4 @@ inline const Variant& ArgumentOr(std::span<const Variant> args, std::size_t inde
     return index < args.size() ? args[index] : otherwise;
 }
 
-}  // namespace kvx::basic
+} // namespace kvx::basic

@@ -27,4 +27,4 @@ void RaiseNoMember(std::string_view typeName, std::string_view member)
     throw Error(kErrMemberNotFound, std::move(description));
 }
 
-}  // namespace kvx::basic
+} // namespace kvx::basic

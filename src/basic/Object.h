@@ -47,4 +47,4 @@ bool SameName(std::string_view a, std::string_view b);
 /// @throws Error 438, naming the member
 [[noreturn]] void RaiseNoMember(std::string_view typeName, std::string_view member);
 
-}  // namespace kvx::basic
+} // namespace kvx::basic

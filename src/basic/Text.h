@@ -59,8 +59,8 @@ bool SameTextIgnoringCase(std::string_view a, std::string_view b);
 bool StartsWith(std::string_view text, std::string_view beginning);
 bool EndsWith(std::string_view text, std::string_view end);
 
-std::string Space(std::int32_t count);                             ///< @throws Error 5: below 0
-std::string String(std::int32_t count, std::string_view character);  ///< its first character. @throws Error 5
+std::string Space(std::int32_t count);                              ///< @throws Error 5: below 0
+std::string String(std::int32_t count, std::string_view character); ///< its first character. @throws Error 5
 std::string StrReverse(std::string_view text);
 
 /// The character of a code point. @throws Error 5: no code point of Unicode
@@ -86,4 +86,4 @@ std::string Windows1252FromUtf8(std::string_view text);
 /// UTF-8 as it stands when it is valid (a byte order mark is taken off), else read as Windows-1252.
 std::string Utf8FromFileBytes(std::string_view bytes);
 
-}  // namespace kvx::basic
+} // namespace kvx::basic

@@ -8,8 +8,9 @@ VarType Variant::Type() const
 {
     // In the order of the alternatives.
     static constexpr VarType kTypes[] = {
-        VarType::Empty,  VarType::Null,     VarType::Boolean, VarType::Byte, VarType::Integer, VarType::Long,   VarType::Single,
-        VarType::Double, VarType::Currency, VarType::Decimal, VarType::Date, VarType::String,  VarType::Object, VarType::Array,
+        VarType::Empty, VarType::Null,   VarType::Boolean, VarType::Byte,     VarType::Integer,
+        VarType::Long,  VarType::Single, VarType::Double,  VarType::Currency, VarType::Decimal,
+        VarType::Date,  VarType::String, VarType::Object,  VarType::Array,
     };
     return kTypes[value_.index()];
 }
@@ -34,4 +35,4 @@ ObjectRef Variant::ToObject() const
     return *object;
 }
 
-}  // namespace kvx::basic
+} // namespace kvx::basic

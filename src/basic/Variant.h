@@ -66,7 +66,7 @@ public:
     Variant(std::uint8_t value) : value_(value) {}
     Variant(std::int16_t value) : value_(value) {}
     Variant(std::int32_t value) : value_(value) {}
-    Variant(std::int64_t value) : value_(Decimal{value, 0}) {}  ///< more than 32 bits: the classic kind is Decimal
+    Variant(std::int64_t value) : value_(Decimal{value, 0}) {} ///< more than 32 bits: the classic kind is Decimal
     Variant(float value) : value_(value) {}
     Variant(double value) : value_(value) {}
     Variant(Currency value) : value_(value) {}
@@ -81,8 +81,8 @@ public:
     Variant(std::nullptr_t) = delete;
     /// A pointer must not turn into a truth value by accident.
     template <class T>
-        requires(!std::same_as<std::remove_const_t<T>, char>)
-    Variant(T*) = delete;
+    requires(!std::same_as<std::remove_const_t<T>, char>) Variant(T*)
+    = delete;
 
     /// An array of any content is VarType::Array.
     VarType Type() const;
@@ -111,4 +111,4 @@ private:
         value_;
 };
 
-}  // namespace kvx::basic
+} // namespace kvx::basic
