@@ -6,7 +6,9 @@
 #include "ui/View.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -29,9 +31,9 @@ public:
     virtual std::string_view TypeName() const = 0;
 
     Form& Owner() const { return form_; }
-    const std::string& FullName() const { return fullName_; }  ///< "txtInfo(0)"
-    std::string_view Name() const;                             ///< "txtInfo"
-    std::int16_t Index() const { return index_; }              ///< place in a control array, -1 = none
+    const std::string& FullName() const { return fullName_; } ///< "txtInfo(0)"
+    std::string_view Name() const;                            ///< "txtInfo"
+    std::int16_t Index() const { return index_; }             ///< place in a control array, -1 = none
 
     std::int32_t Left() const { return left_; }
     std::int32_t Top() const { return top_; }
@@ -39,8 +41,8 @@ public:
     std::int32_t Height() const { return height_; }
     void SetLeft(std::int32_t twips);
     void SetTop(std::int32_t twips);
-    void SetWidth(std::int32_t twips);   ///< @throws basic::Error 380: negative
-    void SetHeight(std::int32_t twips);  ///< @throws basic::Error 380: negative
+    void SetWidth(std::int32_t twips);  ///< @throws basic::Error 380: negative
+    void SetHeight(std::int32_t twips); ///< @throws basic::Error 380: negative
     void Move(std::int32_t leftTwips, std::int32_t topTwips, std::int32_t widthTwips, std::int32_t heightTwips);
 
     /// The frame, tab page or picture box that the control stands in; nullptr = the form itself.
@@ -53,12 +55,12 @@ public:
     void SetAnchors(std::uint8_t anchors) { anchors_ = anchors; }
 
     bool Visible() const { return visible_; }
-    void SetVisible(bool visible);  ///< hiding the focused control moves the focus on
+    void SetVisible(bool visible); ///< hiding the focused control moves the focus on
     bool Enabled() const { return enabled_; }
-    void SetEnabled(bool enabled);  ///< disabling the focused control moves the focus on
+    void SetEnabled(bool enabled); ///< disabling the focused control moves the focus on
     /// Visible and enabled, itself and every container.
     bool IsReachable() const;
-    bool IsShown() const;  ///< visible, itself and every container
+    bool IsShown() const; ///< visible, itself and every container
 
     std::int16_t TabIndex() const { return tabIndex_; }
     void SetTabIndex(std::int16_t index) { tabIndex_ = index; }
@@ -80,6 +82,14 @@ public:
 
     /// Whether this kind of control can ever hold the focus (a label cannot).
     virtual bool TakesFocus() const { return true; }
+    /// Whether the Tab key stops here now, if the control can be reached at all.
+    virtual bool StopsTab() const { return tabStop_; }
+    /// The text that carries the letter for Alt: "&Neu"; empty for kinds without one.
+    virtual std::string_view MnemonicText() const { return {}; }
+    /// Enter belongs to the control and does not press the default button.
+    virtual bool KeepsReturn() const { return false; }
+    /// An edit inside the control takes every key: neither key events nor buttons see them.
+    virtual bool CapturesKeys() const { return false; }
     bool HasFocus() const;
     /// Moves the focus here: LostFocus of the old control and GotFocus run inside, Validate does not.
     /// @throws basic::Error 5: not visible, not enabled, in such a container, or the form is not shown
@@ -87,10 +97,10 @@ public:
 
     /// The control as a late-bound object. It stays valid when the control is gone: every use is then error 91.
     basic::ObjectRef Object();
-    virtual basic::Variant GetMember(std::string_view member, std::span<const basic::Variant> args) = 0;
-    virtual void PutMember(std::string_view member, const basic::Variant& value,
-                           std::span<const basic::Variant> args) = 0;
-    virtual basic::Variant CallMember(std::string_view member, std::span<basic::Variant> args) = 0;
+    /// Members that every control has: "Name", "Visible", "Left", "SetFocus" ...; a kind adds its own (ControlOf).
+    virtual basic::Variant GetMember(std::string_view member, std::span<const basic::Variant> args);
+    virtual void PutMember(std::string_view member, const basic::Variant& value, std::span<const basic::Variant> args);
+    virtual basic::Variant CallMember(std::string_view member, std::span<basic::Variant> args);
 
     /// The window side; one at most, nullptr = none. The control does not own it.
     View* GetView() const { return view_; }
@@ -115,14 +125,25 @@ public:
     /// A mouse click (button press and release) on the control, after the focus has moved.
     virtual void UserClick();
     virtual void UserDblClick();
+    /// Another control (or this one) was dropped here. @param x,y place within this control, twips
+    void UserDrop(Control& source, std::int32_t xTwips, std::int32_t yTwips);
 
     Event<> GotFocus, LostFocus, Click, DblClick;
-    Event<bool&> Validate;                        ///< set true to keep the focus
-    Event<std::int16_t&, std::int16_t> KeyDown;   ///< key code (0 swallows the control's own reaction), shift mask
+    Event<bool&> Validate;                      ///< set true to keep the focus
+    Event<std::int16_t&, std::int16_t> KeyDown; ///< key code (0 swallows the control's own reaction), shift mask
     Event<std::int16_t&, std::int16_t> KeyUp;
-    Event<std::int32_t&> KeyPress;                ///< character; a handler may change it, 0 swallows it
-    Event<std::int16_t, std::int16_t, std::int32_t, std::int32_t> MouseDown, MouseMove, MouseUp;  ///< button, shift, x, y
-    Event<Control&, std::int32_t, std::int32_t> DragDrop;  ///< dragged control, x, y in twips
+    Event<std::int32_t&> KeyPress; ///< character; a handler may change it, 0 swallows it
+    Event<std::int16_t, std::int16_t, std::int32_t, std::int32_t> MouseDown, MouseMove,
+        MouseUp;                                          ///< button, shift, x, y
+    Event<Control&, std::int32_t, std::int32_t> DragDrop; ///< dragged control, x, y in twips
+
+protected:
+    virtual void EnabledChanged() {} ///< after SetEnabled changed it
+    virtual void FocusGained() {}    ///< ahead of GotFocus
+    virtual void FocusLosing() {}    ///< ahead of LostFocus; the focus has already moved
+    virtual void Resized(std::int32_t oldWidthTwips, std::int32_t oldHeightTwips); ///< lays out what stands inside
+    /// Runs the work from the message loop inside Form::Protect, unless the control is gone by then.
+    void PostProtected(std::function<void()> work);
 
 private:
     friend class Form;
@@ -134,11 +155,11 @@ private:
     std::int16_t containerTab_ = 0;
     std::uint8_t anchors_ = kAnchorTopLeft;
     bool visible_ = true, enabled_ = true, tabStop_ = true, causesValidation_ = true, fontBold_ = false;
-    std::int16_t tabIndex_ = 0;
+    std::int16_t tabIndex_ = 0, ordinal_ = 0;
     std::string tag_, toolTipText_;
     Color backColor_ = kColorButtonFace, foreColor_ = kColorButtonText;
     std::shared_ptr<basic::Object> object_;
     View* view_ = nullptr;
 };
 
-}  // namespace kvx::ui
+} // namespace kvx::ui

@@ -18,11 +18,12 @@ public:
 
     void Raise(Args... args) const
     {
-        for (const Handler& handler : handlers_) handler(args...);
+        for (const Handler& handler : handlers_)
+            handler(args...);
     }
 
 private:
     std::vector<Handler> handlers_;
 };
 
-}  // namespace kvx::ui
+} // namespace kvx::ui

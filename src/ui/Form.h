@@ -34,13 +34,13 @@ public:
     const std::string& Name() const { return name_; }
     const std::string& Caption() const { return caption_; }
     void SetCaption(std::string_view caption);
-    std::int32_t Width() const { return width_; }  ///< twips, with frame and title
+    std::int32_t Width() const { return width_; } ///< twips, with frame and title
     std::int32_t Height() const { return height_; }
     void SetSize(std::int32_t widthTwips, std::int32_t heightTwips);
     void SetWidth(std::int32_t twips) { SetSize(twips, height_); }
     void SetHeight(std::int32_t twips) { SetSize(width_, twips); }
-    std::int32_t ScaleWidth() const;   ///< twips, the inside
-    std::int32_t ScaleHeight() const;  ///< twips, the inside
+    std::int32_t ScaleWidth() const;  ///< twips, the inside
+    std::int32_t ScaleHeight() const; ///< twips, the inside
     bool Sizable() const { return sizable_; }
     void SetSizable(bool sizable) { sizable_ = sizable; }
     bool Enabled() const { return enabled_; }
@@ -56,8 +56,8 @@ public:
     /// QueryUnload, FormUnload, then the window goes. @return false: a handler kept the form
     bool Unload(std::int16_t mode = vbFormCode);
     void Hide();
-    /// Shows the form modally: Load if needed, FormResize, FormActivate, GotFocus of the first control. Returns when the
-    /// form was hidden or unloaded.
+    /// Shows the form modally: Load if needed, FormResize, FormActivate, GotFocus of the first control. Returns when
+    /// the form was hidden or unloaded.
     /// @throws basic::Error the error that left an event handler and ended the dialog; 400: it is shown already
     void Show();
     bool IsLoaded() const { return loaded_; }
@@ -68,14 +68,17 @@ public:
     /// @param name full name, "txtInfo(0)"; case is ignored. @return nullptr: no such control
     Control* FindControl(std::string_view name) const;
     Control* ActiveControl() const { return active_; }
-    Button* DefaultButton() const;  ///< pressed by Enter; nullptr = none
-    Button* CancelButton() const;   ///< pressed by Esc; nullptr = none
+    Button* DefaultButton() const; ///< pressed by Enter; nullptr = none
+    Button* CancelButton() const;  ///< pressed by Esc; nullptr = none
     /// Focus goes to the next control that can take it, in tab order. @return false: there is none
     bool FocusNext(bool backwards);
     /// Controls that can take the focus, in tab order.
     std::vector<Control*> TabOrder() const;
 
-    /// The form as a late-bound object: its controls are its members.
+    std::int32_t TextWidth(std::string_view text) const;  ///< twips in the dialogs' font
+    std::int32_t TextHeight(std::string_view text) const; ///< twips, one line
+
+    /// The form as a late-bound object: its controls are its members. Touching one loads the form.
     basic::ObjectRef Object();
 
     View* GetView() const { return view_; }
@@ -100,14 +103,14 @@ public:
     bool UserMnemonic(char32_t letter);
     /// Moves the focus to the control, then clicks it. @return false: it cannot be reached, or the focus stayed
     bool UserClickOn(Control& control);
-    void UserClose();  ///< the close box
+    void UserClose(); ///< the close box
     void UserResize(std::int32_t widthTwips, std::int32_t heightTwips);
-    void UserActivate();    ///< the window came to the front again, after another form of the program
+    void UserActivate(); ///< the window came to the front again, after another form of the program
     void UserDeactivate();
 
     Event<> FormLoad, FormActivate, FormDeactivate, FormResize;
-    Event<std::int16_t&, std::int16_t> QueryUnload;  ///< cancel, mode
-    Event<std::int16_t&> FormUnload;                 ///< cancel
+    Event<std::int16_t&, std::int16_t> QueryUnload; ///< cancel, mode
+    Event<std::int16_t&> FormUnload;                ///< cancel
 
 protected:
     /// Captions, places, sizes, containers and other properties that the controls are drawn with.
@@ -127,14 +130,15 @@ protected:
     template <class F, class... Args, class Bound>
     void On(Event<Args...>& event, void (F::*handler)(Bound, Args...), std::type_identity_t<Bound> bound)
     {
-        event.Connect([self = static_cast<F*>(this), handler, bound](Args... args) { (self->*handler)(bound, args...); });
+        event.Connect(
+            [self = static_cast<F*>(this), handler, bound](Args... args) { (self->*handler)(bound, args...); });
     }
 
 private:
     friend class Control;
     void Register(Control& control);
     void Unregister(Control& control);
-    void ChangeFocus(Control* control);  ///< LostFocus and GotFocus, no Validate
+    void ChangeFocus(Control* control); ///< LostFocus and GotFocus, no Validate
     void LayoutAnchored(std::int32_t oldWidth, std::int32_t oldHeight);
 
     std::string name_, caption_, tag_;
@@ -148,4 +152,4 @@ private:
     View* view_ = nullptr;
 };
 
-}  // namespace kvx::ui
+} // namespace kvx::ui
