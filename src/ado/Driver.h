@@ -84,7 +84,8 @@ struct RowChange {
     std::string table;
     std::vector<std::string> columns;
     std::vector<basic::Variant> values;
-    std::vector<basic::Variant> oldValues; ///< of the same columns, for the check that nobody changed them meanwhile
+    std::vector<basic::Variant> oldValues; ///< of the same columns, for the check that nobody changed them
+                                           ///< meanwhile; Empty: not known, no check
     std::optional<basic::Variant> rowKey;  ///< nothing: insert
 };
 
@@ -116,7 +117,8 @@ public:
     virtual bool IsAlive() const = 0;
 };
 
-/// The parts of a connection string; names ignore case and are kept in lower case ("data source").
+/// The parts of a connection string, "name=value;..."; names ignore case. A value with a ";" or with blanks at its ends
+/// stands in quotes (either kind, doubled inside); of two parts of one name the last counts.
 class ConnectionProperties {
 public:
     ConnectionProperties() = default;
@@ -130,15 +132,17 @@ public:
     std::string ToString(std::initializer_list<std::string_view> without = {}) const;
 
 private:
-    std::vector<std::pair<std::string, std::string>> parts_; ///< as written, in order
+    std::vector<std::pair<std::string, std::string>> parts_; ///< names as written, in order
 };
 
 using DriverFactory = std::function<std::unique_ptr<DriverConnection>(const ConnectionProperties&)>;
 
-/// Makes a driver known under the name that Provider= of a connection string gives (case is ignored).
+/// Makes a driver known under the name that Provider= of a connection string gives (case is ignored). A driver of that
+/// name known before is replaced.
 void RegisterDriver(std::string_view provider, DriverFactory factory);
 
-/// Opens a connection by Provider=. @throws basic::Error 3706 when no driver has that name
+/// Opens a connection by Provider= (MSDASQL, the bridge to ODBC, when it is missing). @throws basic::Error 3706 when no
+/// driver has that name
 std::unique_ptr<DriverConnection> OpenDriver(const ConnectionProperties& properties);
 
 } // namespace kvx::ado
