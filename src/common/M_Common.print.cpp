@@ -1,0 +1,110 @@
+#include "ado/Recordset.h"
+#include "basic/Convert.h"
+#include "basic/Error.h"
+#include "basic/Text.h"
+#include "common/M_Common.h"
+#include "common/ModuleState.h"
+#include "os/WordProcessor.h"
+#include "ui/DataGrid.h"
+#include "ui/Desktop.h"
+
+#include <functional>
+#include <vector>
+
+namespace kvx {
+
+namespace {
+
+constexpr std::string_view kLineEnd = "\r\n";
+
+using ColumnText = std::function<std::string(const ui::GridColumn&)>;
+
+std::string LineOfVisibleColumns(ui::DataGrid& grid, std::string_view start, const ColumnText& text)
+{
+    std::string line(start);
+    bool first = true;
+    for (std::int32_t i = 0; i < grid.ColumnCount(); ++i) {
+        const ui::GridColumn& column = grid.Columns(i);
+        if (!column.Visible()) continue;
+        if (!first) line += '\t';
+        first = false;
+        line += text(column);
+    }
+    return line.append(kLineEnd);
+}
+
+// False: there is no word processor, and the print ends without a word to the user.
+bool StartWordProcessor(ModuleState& module)
+{
+    if (module.objWord != nullptr && module.objWord->TypeName() == "Application") return true;
+    try {
+        module.objWord = os::CreateWordApplication();
+        return true;
+    } catch (const basic::Error&) {
+        return false;
+    }
+}
+
+}  // namespace
+
+void PrintDataGrid(std::string_view title, ui::DataGrid& grid, ado::Recordset recordset, std::int32_t flag)
+{
+    std::string text = LineOfVisibleColumns(grid, title, [](const ui::GridColumn&) { return std::string(); });
+    text += LineOfVisibleColumns(grid, "", [](const ui::GridColumn& column) { return column.Caption(); });
+    if (!(recordset.Bof() && recordset.Eof())) {
+        for (recordset.MoveFirst(); !recordset.Eof(); recordset.MoveNext()) {
+            text += LineOfVisibleColumns(grid, "", [&recordset](const ui::GridColumn& column) {
+                return basic::ToText(recordset[column.DataField()].Value());
+            });
+        }
+    }
+    PrintTextToWord(text, flag);
+    if (const auto document = Module().objWordDocument) FinishWordTable(*document);
+}
+
+void PrintTextToWord(std::string_view text, std::int32_t flag)
+{
+    ModuleState& module = Module();
+    if (!StartWordProcessor(module)) return;
+    os::WordApplication& application = *module.objWord;
+    application.SetWindowState(2);
+    module.objWordDocument = application.AddDocument();
+    application.SetVisible(false);
+
+    os::WordDocument& document = *module.objWordDocument;
+    document.SetMirroredFlag(true);
+    document.SetSectionStart(2);
+    document.SetWindowFlag(flag);
+
+    // The text ends with a line end, so the last element is empty and the upper bound is the number of rows.
+    const std::vector<std::string> lines = basic::Split(text, "\n");
+    const std::vector<std::string> cells = basic::Split(basic::Piece(lines, 0), "\t");
+    document.AddTable(static_cast<std::int32_t>(lines.size()) - 1, static_cast<std::int32_t>(cells.size()));
+
+    document.SelectTable();
+    ui::Desktop& desktop = ui::CurrentDesktop();
+    desktop.SetClipboardText("");
+    desktop.SetClipboardText(text);
+    document.Paste(desktop.ClipboardText());
+
+    document.SelectRow(1);
+    document.SetBold(true);
+    document.SetBackColor(0xC0C0C0);
+    document.SelectRow(2);
+    document.SetBold(true);
+    document.SelectTable();
+    document.SetFont("Arial", 10);
+
+    document.SetRowSetting(1);
+    document.MoveToStart();
+    application.SetVisible(true);
+}
+
+void FinishWordTable(os::WordDocument& document)
+{
+    document.SetHeadingRow(1, true);
+    document.SetHeadingRow(2, true);
+    document.AddPageNumber(2, true);
+}
+
+}  // namespace kvx
