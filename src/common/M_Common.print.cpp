@@ -17,14 +17,14 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 
-using ColumnText = std::function<std::string(const ui::GridColumn&)>;
+using ColumnText = std::function<std::string(const ui::DataColumn&)>;
 
 std::string LineOfVisibleColumns(ui::DataGrid& grid, std::string_view start, const ColumnText& text)
 {
     std::string line(start);
     bool first = true;
-    for (std::int32_t i = 0; i < grid.ColumnCount(); ++i) {
-        const ui::GridColumn& column = grid.Columns(i);
+    for (std::int32_t i = 0; i < grid.Columns().Count(); ++i) {
+        const ui::DataColumn& column = grid.Columns()[i];
         if (!column.Visible()) continue;
         if (!first) line += '\t';
         first = false;
@@ -49,11 +49,11 @@ bool StartWordProcessor(ModuleState& module)
 
 void PrintDataGrid(std::string_view title, ui::DataGrid& grid, ado::Recordset recordset, std::int32_t flag)
 {
-    std::string text = LineOfVisibleColumns(grid, title, [](const ui::GridColumn&) { return std::string(); });
-    text += LineOfVisibleColumns(grid, "", [](const ui::GridColumn& column) { return column.Caption(); });
+    std::string text = LineOfVisibleColumns(grid, title, [](const ui::DataColumn&) { return std::string(); });
+    text += LineOfVisibleColumns(grid, "", [](const ui::DataColumn& column) { return column.Caption(); });
     if (!(recordset.Bof() && recordset.Eof())) {
         for (recordset.MoveFirst(); !recordset.Eof(); recordset.MoveNext()) {
-            text += LineOfVisibleColumns(grid, "", [&recordset](const ui::GridColumn& column) {
+            text += LineOfVisibleColumns(grid, "", [&recordset](const ui::DataColumn& column) {
                 return basic::ToText(recordset[column.DataField()].Value());
             });
         }
