@@ -64,7 +64,11 @@ public:
 
 private:
     friend class Recordset;
+    friend class Command;
     explicit Connection(std::shared_ptr<ConnectionCore> session) : core_(std::move(session)) {}
+
+    Recordset Execute(std::string_view text, std::int64_t* recordsAffected, std::int32_t options,
+                      std::int32_t timeoutSeconds) const;
 
     std::shared_ptr<ConnectionCore> core_;
 };

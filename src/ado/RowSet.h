@@ -1,0 +1,48 @@
+#pragma once
+
+#include "ado/ColumnStore.h"
+#include "ado/Values.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+namespace kvx::ado {
+
+/// The rows of a recordset that can move: what was read, and on top of it what was edited since. Clones share it.
+class RowSet {
+public:
+    explicit RowSet(std::shared_ptr<const ColumnStore> store);
+
+    std::size_t Rows() const { return store_->Rows() + added_.size(); }
+    Cell At(std::size_t column, std::size_t row) const
+    {
+        if (row < store_->Rows() && changed_.empty()) return store_->CellAt(column, row);
+        return EditedAt(column, row);
+    }
+    /// True for a field of a row added here that nobody assigned and the database filled.
+    bool IsUnassigned(std::size_t column, std::size_t row) const;
+
+    void Change(std::size_t row, std::size_t column, OwnedCell cell);
+    std::size_t Add(std::vector<OwnedCell> cells); ///< @return the row
+
+    /// Rows as a store that nobody changes: the one that was read when nothing was edited, else a copy.
+    std::shared_ptr<const ColumnStore> Frozen() const;
+
+    /// Names a row among all row sets of the process.
+    double BookmarkOf(std::size_t row) const;
+    std::optional<std::size_t> RowOf(double bookmark) const;
+
+private:
+    Cell EditedAt(std::size_t column, std::size_t row) const;
+
+    std::shared_ptr<const ColumnStore> store_;
+    std::unordered_map<std::size_t, std::vector<OwnedCell>> changed_; // whole rows
+    std::vector<std::vector<OwnedCell>> added_;
+    std::uint32_t generation_; // tells bookmarks of an earlier result
+};
+
+} // namespace kvx::ado
