@@ -76,13 +76,13 @@ std::string ZeroIfEmpty(std::string_view text);
 /// Prints what a data grid shows as a table: title line, captions, one line a row; visible columns only.
 /// @param recordset rows of the grid, usually a clone: its position moves to the end
 /// @param flag      handed to PrintTextToWord
-void PrintDataGrid(std::string_view title, ui::DataGrid& grid, ado::Recordset recordset, std::int32_t flag);
+void PrintDataGrid(std::string_view title, ui::DataGrid& grid, ado::Recordset recordset, bool flag);
 
 /// Writes tab-separated lines into a new document of the word processor as a table and leaves it open for the user.
 /// The clipboard holds the text afterwards. Nothing happens when there is no word processor.
 /// @param text lines ending in CR LF; the cells of the first line set the number of columns
-/// @param flag handed to the document's window
-void PrintTextToWord(std::string_view text, std::int32_t flag);
+/// @param flag handed to the document's window: true for tables too wide for an upright page
+void PrintTextToWord(std::string_view text, bool flag);
 
 /// Rows 1 and 2 of the document's first table repeat on every page; a page number stands in the footer.
 void FinishWordTable(os::WordDocument& document);

@@ -38,16 +38,16 @@ bool StartWordProcessor(ModuleState& module)
 {
     if (module.objWord != nullptr && module.objWord->TypeName() == "Application") return true;
     try {
-        module.objWord = os::CreateWordApplication();
-        return true;
+        module.objWord = os::CreateWordProcessor();
     } catch (const basic::Error&) {
-        return false;
+        module.objWord = nullptr;
     }
+    return module.objWord != nullptr;
 }
 
 }  // namespace
 
-void PrintDataGrid(std::string_view title, ui::DataGrid& grid, ado::Recordset recordset, std::int32_t flag)
+void PrintDataGrid(std::string_view title, ui::DataGrid& grid, ado::Recordset recordset, bool flag)
 {
     std::string text = LineOfVisibleColumns(grid, title, [](const ui::DataColumn&) { return std::string(); });
     text += LineOfVisibleColumns(grid, "", [](const ui::DataColumn& column) { return column.Caption(); });
@@ -62,18 +62,18 @@ void PrintDataGrid(std::string_view title, ui::DataGrid& grid, ado::Recordset re
     if (const auto document = Module().objWordDocument) FinishWordTable(*document);
 }
 
-void PrintTextToWord(std::string_view text, std::int32_t flag)
+void PrintTextToWord(std::string_view text, bool flag)
 {
     ModuleState& module = Module();
     if (!StartWordProcessor(module)) return;
     os::WordApplication& application = *module.objWord;
-    application.SetWindowState(2);
+    application.SetWindowState(os::kWordWindowMinimized);
     module.objWordDocument = application.AddDocument();
     application.SetVisible(false);
 
     os::WordDocument& document = *module.objWordDocument;
-    document.SetMirroredFlag(true);
-    document.SetSectionStart(2);
+    document.SetMirrored(true);
+    document.SetSectionStart(os::kWordSectionNewPage);
     document.SetWindowFlag(flag);
 
     // The text ends with a line end, so the last element is empty and the upper bound is the number of rows.
@@ -85,17 +85,17 @@ void PrintTextToWord(std::string_view text, std::int32_t flag)
     ui::Desktop& desktop = ui::CurrentDesktop();
     desktop.SetClipboardText("");
     desktop.SetClipboardText(text);
-    document.Paste(desktop.ClipboardText());
+    document.PasteText(desktop.ClipboardText());
 
     document.SelectRow(1);
     document.SetBold(true);
-    document.SetBackColor(0xC0C0C0);
+    document.SetShading(0xC0C0C0);
     document.SelectRow(2);
     document.SetBold(true);
     document.SelectTable();
     document.SetFont("Arial", 10);
 
-    document.SetRowSetting(1);
+    document.SetRowSetting(os::kWordRowsCentered);
     document.MoveToStart();
     application.SetVisible(true);
 }
@@ -104,7 +104,7 @@ void FinishWordTable(os::WordDocument& document)
 {
     document.SetHeadingRow(1, true);
     document.SetHeadingRow(2, true);
-    document.AddPageNumber(2, true);
+    document.AddFooterPageNumber(os::kWordPageNumberRight, true);
 }
 
 }  // namespace kvx

@@ -6,94 +6,143 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
+#include <cstdio>
 #include <ctime>
-#include <dirent.h>
-#include <fcntl.h>
-#include <fnmatch.h>
+#include <filesystem>
+#include <memory>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace kvx::os {
-
 namespace {
 
-// Closes the descriptor on every way out.
-class Descriptor {
-public:
-    explicit Descriptor(int fd) : fd_(fd) {}
-    ~Descriptor()
-    {
-        if (fd_ >= 0) close(fd_);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    int Get() const { return fd_; }
+namespace fs = std::filesystem;
 
-private:
-    int fd_;
+fs::path PathOf(std::string_view path)
+{
+    return fs::path{NativePath(path)};
+}
+
+[[noreturn]] void RaiseFor(int systemError, const fs::path& path)
+{
+    switch (systemError) {
+    case ENOENT: {
+        std::error_code ignored;
+        const fs::path folder = path.parent_path();
+        basic::Raise(folder.empty() || fs::is_directory(folder, ignored) ? basic::kErrFileNotFound
+                                                                         : basic::kErrPathNotFound);
+    }
+    case ENOTDIR: basic::Raise(basic::kErrPathNotFound);
+    case EACCES:
+    case EPERM:
+    case EROFS: basic::Raise(basic::kErrPermissionDenied);
+    default: basic::Raise(basic::kErrFileAccess);
+    }
+}
+
+struct Closer {
+    void operator()(std::FILE* file) const { std::fclose(file); }
 };
+using File = std::unique_ptr<std::FILE, Closer>;
 
-bool FolderOfExists(const std::string& path)
+File OpenFile(const fs::path& path, const char* mode)
 {
-    const std::size_t slash = path.rfind('/');
-    if (slash == std::string::npos || slash == 0) return true;
-    struct stat info {};
-    return stat(path.substr(0, slash).c_str(), &info) == 0 && S_ISDIR(info.st_mode);
+    // A folder can be opened for reading, but its first read would fail with a less telling error.
+    std::error_code ignored;
+    if (fs::is_directory(path, ignored)) basic::Raise(basic::kErrFileAccess);
+    File file{std::fopen(path.c_str(), mode)};
+    if (file == nullptr) RaiseFor(errno, path);
+    return file;
 }
 
-[[noreturn]] void RaiseFileError(const std::string& path, int error)
+void Write(std::string_view path, const char* mode, std::string_view text)
 {
-    std::int32_t number = basic::kErrFileAccess;
-    std::string reason = std::strerror(error);
-    if (error == ENOENT || error == ENOTDIR) {
-        number = FolderOfExists(path) ? basic::kErrFileNotFound : basic::kErrPathNotFound;
-        reason = number == basic::kErrFileNotFound ? "File not found" : "Path not found";
-    } else if (error == EACCES || error == EPERM || error == EROFS) {
-        number = basic::kErrPermissionDenied;
-        reason = "Permission denied";
+    const fs::path native = PathOf(path);
+    File file = OpenFile(native, mode);
+    const bool written = std::fwrite(text.data(), 1, text.size(), file.get()) == text.size();
+    // What the disk refuses may show only when the buffer is written out.
+    if (std::fclose(file.release()) != 0 || !written) RaiseFor(errno, native);
+}
+
+bool Matches(std::string_view name, std::string_view mask)
+{
+    if (mask.empty()) return name.empty();
+    if (mask.front() == '*') {
+        while (true) {
+            if (Matches(name, mask.substr(1))) return true;
+            if (name.empty()) return false;
+            basic::NextCharacter(name);
+        }
     }
-    basic::Raise(number, reason + ": " + path);
+    if (name.empty()) return false;
+    const char32_t wanted = basic::LowerCharacter(basic::NextCharacter(mask));
+    const char32_t found = basic::LowerCharacter(basic::NextCharacter(name));
+    return (wanted == U'?' || wanted == found) && Matches(name, mask);
 }
 
-Descriptor Open(const std::string& path, int flags)
-{
-    const int fd = open(path.c_str(), flags | O_CLOEXEC, 0666);
-    if (fd < 0) RaiseFileError(path, errno);
-    return Descriptor(fd);
-}
-
-void WriteAll(const Descriptor& file, const std::string& path, std::string_view bytes)
-{
-    while (!bytes.empty()) {
-        const ssize_t written = write(file.Get(), bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written < 0) RaiseFileError(path, errno);
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-}
-
-}  // namespace
+} // namespace
 
 std::string NativePath(std::string_view path)
 {
-    std::string native(path);
-    std::ranges::replace(native, '\\', '/');
+    std::string native{path};
+    std::replace(native.begin(), native.end(), '\\', '/');
     return native;
 }
 
 bool FileExists(std::string_view path)
 {
-    struct stat info {};
-    return stat(NativePath(path).c_str(), &info) == 0 && S_ISREG(info.st_mode);
+    std::error_code error;
+    const fs::file_status status = fs::status(PathOf(path), error);
+    return !error && fs::exists(status) && !fs::is_directory(status);
 }
 
-std::optional<basic::Date> LastModified(std::string_view path)
+bool FolderExists(std::string_view path)
 {
-    struct stat info {};
-    if (stat(NativePath(path).c_str(), &info) != 0) return std::nullopt;
-    std::tm local{};
-    localtime_r(&info.st_mtime, &local);
+    std::error_code error;
+    return fs::is_directory(PathOf(path), error);
+}
+
+std::string ReadText(std::string_view path)
+{
+    const fs::path native = PathOf(path);
+    const File file = OpenFile(native, "rb");
+    std::string bytes;
+    char buffer[16384];
+    while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, file.get()))
+        bytes.append(buffer, count);
+    if (std::ferror(file.get()) != 0) basic::Raise(basic::kErrFileAccess);
+    return basic::Utf8FromFileBytes(bytes);
+}
+
+std::vector<std::string> ReadLines(std::string_view path)
+{
+    const std::string text = ReadText(path);
+    std::vector<std::string> lines;
+    std::size_t start = 0;
+    while (start < text.size()) {
+        const std::size_t end = std::min(text.find_first_of("\r\n", start), text.size());
+        lines.emplace_back(text, start, end - start);
+        start = end + (text.compare(end, 2, "\r\n") == 0 ? 2 : 1);
+    }
+    return lines;
+}
+
+void AppendLine(std::string_view path, std::string_view line)
+{
+    Write(path, "ab", std::string{line} + "\n");
+}
+
+void WriteText(std::string_view path, std::string_view text)
+{
+    Write(path, "wb", text);
+}
+
+basic::Date LastModified(std::string_view path)
+{
+    const fs::path native = PathOf(path);
+    struct stat status = {};
+    if (::stat(native.c_str(), &status) != 0) RaiseFor(errno, native);
+    std::tm local = {};
+    ::localtime_r(&status.st_mtime, &local);
     return basic::DateOf({.year = local.tm_year + 1900,
                           .month = local.tm_mon + 1,
                           .day = local.tm_mday,
@@ -102,63 +151,33 @@ std::optional<basic::Date> LastModified(std::string_view path)
                           .second = local.tm_sec});
 }
 
-std::string ReadBytes(std::string_view path)
-{
-    const std::string native = NativePath(path);
-    const Descriptor file = Open(native, O_RDONLY);
-    std::string bytes;
-    char buffer[65536];
-    for (;;) {
-        const ssize_t read = ::read(file.Get(), buffer, sizeof buffer);
-        if (read < 0 && errno == EINTR) continue;
-        if (read < 0) RaiseFileError(native, errno);
-        if (read == 0) return bytes;
-        bytes.append(buffer, static_cast<std::size_t>(read));
-    }
-}
-
-std::vector<std::string> ReadLines(std::string_view path)
-{
-    const std::string text = basic::Utf8FromFileBytes(ReadBytes(path));
-    std::vector<std::string> lines;
-    std::size_t start = 0;
-    while (start < text.size()) {
-        const std::size_t end = std::min(text.find_first_of("\r\n", start), text.size());
-        lines.push_back(text.substr(start, end - start));
-        const bool pair = end + 1 < text.size() && text[end] == '\r' && text[end + 1] == '\n';
-        start = end + (pair ? 2 : 1);
-    }
-    return lines;
-}
-
-void WriteBytes(std::string_view path, std::string_view bytes)
-{
-    const std::string native = NativePath(path);
-    WriteAll(Open(native, O_WRONLY | O_CREAT | O_TRUNC), native, bytes);
-}
-
-void AppendLine(std::string_view path, std::string_view line)
-{
-    const std::string native = NativePath(path);
-    // One write of the whole line: lines of two processes do not mix.
-    WriteAll(Open(native, O_WRONLY | O_CREAT | O_APPEND), native, std::string(line) + "\r\n");
-}
-
 std::vector<std::string> ListFiles(std::string_view folder, std::string_view pattern)
 {
-    const std::string native = NativePath(folder);
-    DIR* const directory = opendir(native.empty() ? "." : native.c_str());
-    if (directory == nullptr) basic::Raise(basic::kErrPathNotFound, "Path not found: " + native);
+    const fs::path native = folder.empty() ? fs::path{"."} : PathOf(folder);
+    std::error_code error;
+    if (!fs::is_directory(native, error)) basic::Raise(basic::kErrPathNotFound);
     std::vector<std::string> names;
-    const std::string wanted(pattern);
-    for (const dirent* entry = readdir(directory); entry != nullptr; entry = readdir(directory)) {
-        const std::string name = entry->d_name;
-        if (fnmatch(wanted.c_str(), name.c_str(), FNM_CASEFOLD) == 0 && FileExists(native + "/" + name))
-            names.push_back(name);
+    fs::directory_iterator entry{native, error};
+    if (error) RaiseFor(error.value(), native);
+    for (; entry != fs::directory_iterator{}; entry.increment(error)) {
+        if (error) RaiseFor(error.value(), native);
+        if (entry->is_directory(error)) continue;
+        std::string name = entry->path().filename().string();
+        if (MatchesPattern(name, pattern)) names.push_back(std::move(name));
     }
-    closedir(directory);
-    std::ranges::sort(names, {}, [](const std::string& name) { return basic::LCase(name); });
+    std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
+        const int order = basic::StrCompare(basic::LCase(a), basic::LCase(b));
+        return order != 0 ? order < 0 : a < b;
+    });
     return names;
 }
 
-}  // namespace kvx::os
+bool MatchesPattern(std::string_view name, std::string_view pattern)
+{
+    if (pattern.empty()) return true;
+    for (const std::string& mask : basic::Split(pattern, ";"))
+        if (mask == "*.*" || Matches(name, basic::Trim(mask))) return true;
+    return false;
+}
+
+} // namespace kvx::os

@@ -2,34 +2,39 @@
 
 #include "basic/Variant.h"
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-// Files by path. Errors: 53 = no such file, 76 = no such folder, 70 = no permission, 75 = cannot be read or written.
+// Files as the dialogs need them. Paths may be written with "\" as well as with "/".
+// Errors: 53 = no such file, 76 = no such folder, 70 = not allowed, 75 = anything else that keeps it from working.
 namespace kvx::os {
 
-/// A path as this system writes it: the library composes paths with the classic separator "\".
+/// The path with "/" between its parts.
 std::string NativePath(std::string_view path);
 
-bool FileExists(std::string_view path);
-/// Local date and time of the last change. @return nothing when there is no such file
-std::optional<basic::Date> LastModified(std::string_view path);
+bool FileExists(std::string_view path);   ///< never raises; a folder is no file
+bool FolderExists(std::string_view path); ///< never raises
 
-/// Lines of a text file, empty ones included. Line ends may be CR LF, CR or LF; the text is UTF-8 where it is valid,
-/// else Windows-1252. A line end at the very end of the file begins no further line.
-/// @throws basic::Error 53, 70, 75, 76
+/// The whole content as UTF-8: as it stands when it is valid (a byte order mark is taken off), else read as
+/// Windows-1252. @throws basic::Error 53, 70, 75, 76
+std::string ReadText(std::string_view path);
+/// The same by lines; a line ends at CR LF, CR or LF, and the last one needs no end.
 std::vector<std::string> ReadLines(std::string_view path);
-/// The file as it stands. @throws basic::Error 53, 70, 75, 76
-std::string ReadBytes(std::string_view path);
-/// Writes the file anew. @throws basic::Error 70, 75, 76
-void WriteBytes(std::string_view path, std::string_view bytes);
-/// Appends a line with its line end; makes the file when there is none. @throws basic::Error 70, 75, 76
+
+/// Adds a line and its end (LF); makes the file if there is none. @throws basic::Error 70, 75, 76
 void AppendLine(std::string_view path, std::string_view line);
+/// Replaces the file. @throws basic::Error 70, 75, 76
+void WriteText(std::string_view path, std::string_view text);
 
-/// Names (no paths) of the files in a folder that match a pattern such as "*.pdf", sorted, case ignored.
-/// @throws basic::Error 76
+/// Local date and time of the last change, whole seconds. @throws basic::Error 53, 76
+basic::Date LastModified(std::string_view path);
+
+/// Names of the files in a folder that match, sorted by name without regard to case.
+/// @param pattern  "*" any characters, "?" one; several parted by ";"; case is ignored; "*.*" is every file
+/// @throws basic::Error 76, 70
 std::vector<std::string> ListFiles(std::string_view folder, std::string_view pattern);
+/// True when the name matches the pattern of ListFiles.
+bool MatchesPattern(std::string_view name, std::string_view pattern);
 
-}  // namespace kvx::os
+} // namespace kvx::os

@@ -1,33 +1,51 @@
 #include "os/Objects.h"
 
 #include "basic/Text.h"
+#include "os/WordProcessor.h"
 
 #include <map>
 #include <string>
+#include <utility>
 
 namespace kvx::os {
-
 namespace {
-std::map<std::string, std::function<basic::ObjectRef()>>& Factories()
+
+std::map<std::string, ObjectFactory>& Factories()
 {
-    static std::map<std::string, std::function<basic::ObjectRef()>> factories;
+    static std::map<std::string, ObjectFactory> factories;
     return factories;
 }
-}  // namespace
 
-void RegisterObject(std::string_view progId, std::function<basic::ObjectRef()> factory)
+WordProcessorFactory& WordFactory()
 {
-    if (factory) {
-        Factories()[basic::LCase(progId)] = std::move(factory);
-    } else {
-        Factories().erase(basic::LCase(progId));
-    }
+    static WordProcessorFactory factory;
+    return factory;
 }
 
-basic::ObjectRef CreateObject(std::string_view progId)
+} // namespace
+
+void RegisterObject(std::string_view programId, ObjectFactory factory)
 {
-    const auto found = Factories().find(basic::LCase(progId));
-    return found == Factories().end() ? nullptr : found->second();
+    if (factory)
+        Factories()[basic::LCase(programId)] = std::move(factory);
+    else
+        Factories().erase(basic::LCase(programId));
 }
 
-}  // namespace kvx::os
+basic::ObjectRef CreateObject(std::string_view programId)
+{
+    const auto found = Factories().find(basic::LCase(programId));
+    return found == Factories().end() ? basic::ObjectRef{} : found->second();
+}
+
+void RegisterWordProcessor(WordProcessorFactory factory)
+{
+    WordFactory() = std::move(factory);
+}
+
+std::shared_ptr<WordApplication> CreateWordProcessor()
+{
+    return WordFactory() ? WordFactory()() : std::shared_ptr<WordApplication>{};
+}
+
+} // namespace kvx::os

@@ -7,11 +7,13 @@
 
 namespace kvx::os {
 
-/// Makes an outside application or component known under its program id ("DSW2.n_choose_os"); hosts do so at start.
-/// @param factory called at every CreateObject; may give Nothing or raise. An empty one takes the id away again
-void RegisterObject(std::string_view progId, std::function<basic::ObjectRef()> factory);
+using ObjectFactory = std::function<basic::ObjectRef()>;
 
-/// @return a late-bound object; Nothing when no host registered the id (case is ignored)
-basic::ObjectRef CreateObject(std::string_view progId);
+/// Makes an outside application known under its program id ("DSW2.n_choose_os"; case is ignored). A second call
+/// replaces the first; an empty factory takes it away.
+void RegisterObject(std::string_view programId, ObjectFactory factory);
 
-}  // namespace kvx::os
+/// A new object of the application; empty when none is registered, or it gives none.
+basic::ObjectRef CreateObject(std::string_view programId);
+
+} // namespace kvx::os

@@ -5,48 +5,59 @@
 #include <memory>
 #include <string_view>
 
-// The word processor as a print drives it, step by step. Raw flag values are those of the application that the prints
-// were made for; an adapter turns them into what its own documents know.
+// The word processor, as the print of a table drives it step by step. Numbers without a meaning of their own here
+// (flags, settings) are handed on as given: a document records them, and does with them what it can.
 namespace kvx::os {
 
-/// A document that is being filled. There is one selection; a new document begins with the empty text selected.
+constexpr std::int32_t kWordWindowMinimized = 2;
+constexpr std::int32_t kWordSectionNewPage = 2;
+constexpr std::int32_t kWordRowsCentered = 1;
+constexpr std::int32_t kWordPageNumberRight = 2;
+
+/// A document with one table in it.
 class WordDocument {
 public:
     virtual ~WordDocument() = default;
 
-    virtual void SetMirroredFlag(bool mirrored) = 0;         ///< of the page set-up
-    virtual void SetSectionStart(std::int32_t value) = 0;    ///< of the page set-up; 2 = new page
-    virtual void SetWindowFlag(std::int32_t flag) = 0;       ///< of the document's window; nonzero = landscape
-    virtual void AddTable(std::int32_t rows, std::int32_t columns) = 0;  ///< at the selection; the first is table 1
+    // Page set-up.
+    virtual void SetMirrored(bool mirrored) = 0;          ///< as given
+    virtual void SetSectionStart(std::int32_t start) = 0; ///< as given, kWordSectionNewPage
+    virtual void SetWindowFlag(bool flag) = 0;            ///< as given; true for wide tables
+
+    // The table and what is selected of it. Rows count from 1.
+    virtual void AddTable(std::int32_t rows, std::int32_t columns) = 0;
     virtual void SelectTable() = 0;
-    /// Text with tabs between cells and line ends between rows fills the selected table's cells.
-    virtual void Paste(std::string_view clipboardText) = 0;
-    virtual void SelectRow(std::int32_t row) = 0;  ///< of table 1, counted from 1; a row that is not there selects nothing
-    virtual void SetBold(bool bold) = 0;           ///< of the selection
-    virtual void SetBackColor(std::uint32_t rgb) = 0;                                 ///< of the selection, 0xRRGGBB
-    virtual void SetFont(std::string_view name, std::int32_t sizePoints) = 0;         ///< of the selection
-    virtual void SetRowSetting(std::int32_t value) = 0;  ///< of table 1; 1 = rows centred between the margins
-    virtual void MoveToStart() = 0;                      ///< selects nothing, at the beginning
-    virtual void SetHeadingRow(std::int32_t row, bool heading) = 0;  ///< of table 1: repeats on every page
-    /// In the footer of the first section. @param alignment 0 left, 1 centred, 2 right
-    virtual void AddPageNumber(std::int32_t alignment, bool onFirstPage) = 0;
+    virtual void SelectRow(std::int32_t row) = 0; ///< a row behind the end selects nothing
+    /// Fills the selected cells. @param text  rows end with CR LF, cells are parted by tabs
+    virtual void PasteText(std::string_view text) = 0;
+    virtual void SetBold(bool bold) = 0;
+    virtual void SetShading(std::uint32_t rgb) = 0; ///< 0xRRGGBB behind the selection
+    virtual void SetFont(std::string_view name, std::int32_t points) = 0;
+    virtual void SetRowSetting(std::int32_t setting) = 0; ///< of the whole table, as given: kWordRowsCentered
+    virtual void MoveToStart() = 0;                       ///< nothing is selected any more
+
+    // What turns it into a list of several pages.
+    virtual void SetHeadingRow(std::int32_t row, bool heading) = 0; ///< repeated on every page
+    /// A page number in the footer. @param alignment  as given, kWordPageNumberRight
+    virtual void AddFooterPageNumber(std::int32_t alignment, bool onFirstPage) = 0;
 };
 
-/// The running application.
+/// The running word processor; reused by the next print.
 class WordApplication {
 public:
     virtual ~WordApplication() = default;
-    /// "Application" while it runs; anything else makes the next print start a new one.
-    virtual std::string_view TypeName() const = 0;
-    virtual void SetWindowState(std::int32_t state) = 0;  ///< 2 = minimised
-    virtual void SetVisible(bool visible) = 0;            ///< true leaves the document open for the user
+    virtual std::string_view TypeName() const { return "Application"; }
+    virtual void SetWindowState(std::int32_t state) = 0; ///< as given, kWordWindowMinimized
     virtual std::shared_ptr<WordDocument> AddDocument() = 0;
+    /// True leaves the documents open for the user.
+    virtual void SetVisible(bool visible) = 0;
 };
 
-/// Adapters register what starts the application. An empty factory takes it away.
-void RegisterWordProcessor(std::function<std::shared_ptr<WordApplication>()> factory);
+using WordProcessorFactory = std::function<std::shared_ptr<WordApplication>()>;
+/// Says how a word processor is started; an empty factory takes it away.
+void RegisterWordProcessor(WordProcessorFactory factory);
 
-/// Starts the application. @throws basic::Error 429: there is none, or it could not be started
-std::shared_ptr<WordApplication> CreateWordApplication();
+/// Starts one. @return empty when there is none. @throws basic::Error 429: it cannot be started
+std::shared_ptr<WordApplication> CreateWordProcessor();
 
-}  // namespace kvx::os
+} // namespace kvx::os
