@@ -352,6 +352,7 @@ Date CDate(const Variant& value)
     if (const auto* date = plain.As<Date>()) return *date;
     if (const auto* text = plain.As<std::string>()) {
         if (const std::optional<Date> date = ReadDateText(*text)) return *date;
+        if (!MayBeSerial(*text)) Raise(kErrTypeMismatch);
     }
     const double days = NumberOf(plain);
     if (!IsInDateRange(days)) Raise(kErrOverflow);

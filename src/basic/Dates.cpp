@@ -89,8 +89,10 @@ public:
             if (rest_.empty()) break;
             if (IsDigit(rest_.front())) {
                 if (!separated && !blank) return std::nullopt;
+                const bool hadTime = hasTime_;
                 if (!TakeNumberOrTime()) return std::nullopt;
-                separated = TakeSeparator();
+                const bool wasTime = hasTime_ != hadTime;
+                separated = !wasTime && TakeSeparator();
             } else {
                 if (!TakeWord()) return std::nullopt;
                 separated = TakeSeparator();
@@ -185,7 +187,7 @@ private:
         // The comma stands behind names only: between digits it belongs to numbers.
         const bool allowed = c == '/' || c == '-' || (c == '.' && !locale_.pointSeparatesTime) ||
                              (c == ',' && (month_ != 0 || weekday_)) || (c == '.' && month_ != 0);
-        if (!allowed || hasTime_) {
+        if (!allowed) {
             rest_ = before;
             return false;
         }
@@ -325,6 +327,13 @@ bool IsInDateRange(double days)
 std::optional<Date> ReadDateText(std::string_view text)
 {
     return DateReader(text).Read();
+}
+
+bool MayBeSerial(std::string_view text)
+{
+    const Locale& locale = CurrentLocale();
+    return locale.dateSeparator != locale.thousandsSeparator ||
+           text.find(locale.dateSeparator) == std::string_view::npos;
 }
 
 DateParts PartsOf(Date date)

@@ -17,6 +17,9 @@ bool IsInDateRange(double days);
 /// Reads a text that is written as a date, a time or both by the current locale; a mere number is none.
 std::optional<Date> ReadDateText(std::string_view text);
 
+/// False for a text whose thousands signs are those of dates: "31.4.24" is a mistyped date and not day 31424.
+bool MayBeSerial(std::string_view text);
+
 /// 1 = Sunday .. 7 = Saturday.
 std::int16_t WeekdayOf(const DateParts& parts);
 /// 1 = the first of January.

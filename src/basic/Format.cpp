@@ -214,7 +214,7 @@ public:
                 inDecimals = true;
                 place = 0;
                 text_.append(locale_.decimalSeparator);
-            } else if (c == ',' && !inDecimals && mask_.integerPlaces > 0) {
+            } else if (c == ',' && (inDecimals || place < mask_.integerPlaces)) {
                 continue; // grouping is done while the digits are put
             } else if (mask_.exponent && StandsExponent(c, reader.Rest())) {
                 PutExponent(c, reader);
@@ -573,7 +573,7 @@ std::optional<Date> DateOfValue(const Variant& value)
     if (const auto* text = value.As<std::string>()) {
         if (const std::optional<Date> date = ReadDateText(*text)) return date;
         const std::optional<double> days = ReadNumber(*text);
-        if (!days || !IsInDateRange(*days)) return std::nullopt;
+        if (!days || !IsInDateRange(*days) || !MayBeSerial(*text)) return std::nullopt;
         return Date{*days};
     }
     return CDate(value);
