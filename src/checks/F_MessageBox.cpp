@@ -68,6 +68,13 @@ void F_MessageBox::Run(std::uint8_t mode, std::string_view strLabel, std::string
     Show();
 }
 
+void F_MessageBox::ShowWhereUsed(std::string_view strLabel)
+{
+    bytMode = kWhereUsed;  // the object may have served another mode before
+    LabelPrompt.SetCaption(strLabel);
+    Show();
+}
+
 void F_MessageBox::LayoutPick()
 {
     List1.SetTop(Frame1.Top() + 200);

@@ -34,6 +34,8 @@ public:
     /// @throws basic::Error 53, 76: no such file; 91, 438: not a combo box. The form may stay loaded then
     void Run(std::uint8_t mode, std::string_view strLabel, std::string_view strValue = {},
              const basic::ObjectRef& cmbBox = nullptr);
+    /// Shows the lines that a usage check has collected, as mode 0 does. @param strLabel prompt
+    void ShowWhereUsed(std::string_view strLabel);
     /// The list moves up under the frame's edge: there is no prompt.
     void LayoutHostLines();
 
