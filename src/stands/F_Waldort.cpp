@@ -174,7 +174,8 @@ void F_Waldort::btnInfo_Click()
     ShowStandInfo(kvxvar, BuildNodeWhere(/*bySelection=*/false, /*wholeLevelList=*/false));
 }
 
-// Left the tree, right the stand, below the buttons. The tree takes what a larger window gives.
+// Left the tree, right the stand, below the buttons. The tree takes what a larger window gives. The tab order is that
+// of the declarations.
 void F_Waldort::Design()
 {
     using namespace ui;
@@ -186,7 +187,7 @@ void F_Waldort::Design()
 
     SetCaption("Waldort Verwaltung");
     SetSizable(true);
-    SetSize(kRight + kRightWidth + kMargin + 240, kButtonsTop + 345 + kMargin + 510);
+    SetSize(kRight + kRightWidth + kMargin + 120, kButtonsTop + 345 + kMargin + 405);
 
     TreeView1.Move(kMargin, kMargin, kTreeWidth, kTreeHeight);
     TreeView1.SetAnchors(kAnchorAll);
@@ -245,10 +246,6 @@ void F_Waldort::Design()
         button->SetAnchors(kAnchorRight | kAnchorBottom);
         left += kButtonStep;
     }
-
-    std::int16_t tabIndex = 0;
-    for (Control* control : Controls())
-        control->SetTabIndex(tabIndex++); // declared in the order of the screen
 }
 
 } // namespace kvx

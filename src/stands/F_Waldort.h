@@ -106,7 +106,6 @@ private:
     std::int32_t ID_WALDORT_Root = 0; // as passed
     std::int16_t intRootLevels = 0;   // how many levels the root stand fixes
     basic::ObjectRef objListBox;      // the caller's list box, or Nothing
-    ui::Node nodeCurrent;             // the last clicked node
     std::string strEditWhere;         // the subtree's rows under the name they had before a label edit
 
     // F_Waldort.cpp

@@ -25,7 +25,6 @@ void F_Waldort::TreeView1_NodeClick(ui::Node& Node)
         throw;
     }
     ShowRights(Node);
-    nodeCurrent = Node;
 }
 
 void F_Waldort::TreeView1_Click()

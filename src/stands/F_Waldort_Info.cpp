@@ -42,7 +42,7 @@ void F_Waldort_Info::Design()
 
     SetCaption("Info");
     SetSizable(true);
-    SetSize(kZahlLeft + kLabelWidth + kZahlWidth + 2 * kMargin + 240, kButtonsTop + 345 + kMargin + 510);
+    SetSize(kZahlLeft + kLabelWidth + kZahlWidth + 2 * kMargin + 120, kButtonsTop + 345 + kMargin + 405);
     for (std::int32_t i = 0; i < kFields; ++i) {
         const std::int32_t top = kMargin + i * kRow;
         lblInfo[i].Move(kMargin, top + 45, kLabelWidth, 255);
