@@ -40,17 +40,17 @@ double NumberOf(const Variant& value, bool& based)
     switch (plain.Type()) {
     case VarType::Empty: return 0;
     case VarType::Null: Raise(kErrInvalidNull);
-    case VarType::Boolean: return *plain.As<bool>() ? -1 : 0;
-    case VarType::Byte: return *plain.As<std::uint8_t>();
-    case VarType::Integer: return *plain.As<std::int16_t>();
-    case VarType::Long: return *plain.As<std::int32_t>();
-    case VarType::Single: return static_cast<double>(*plain.As<float>());
-    case VarType::Double: return *plain.As<double>();
-    case VarType::Currency: return ValueOf(ScaledDigits(plain.As<Currency>()->tenThousandths, 4));
-    case VarType::Decimal: return ValueOf(ScaledDigits(plain.As<Decimal>()->units, plain.As<Decimal>()->scale));
-    case VarType::Date: return plain.As<Date>()->days;
+    case VarType::Boolean: return plain.Held<bool>() ? -1 : 0;
+    case VarType::Byte: return plain.Held<std::uint8_t>();
+    case VarType::Integer: return plain.Held<std::int16_t>();
+    case VarType::Long: return plain.Held<std::int32_t>();
+    case VarType::Single: return static_cast<double>(plain.Held<float>());
+    case VarType::Double: return plain.Held<double>();
+    case VarType::Currency: return ValueOf(ScaledDigits(plain.Held<Currency>().tenThousandths, 4));
+    case VarType::Decimal: return ValueOf(ScaledDigits(plain.Held<Decimal>().units, plain.Held<Decimal>().scale));
+    case VarType::Date: return plain.Held<Date>().days;
     case VarType::String: {
-        const std::optional<NumberRead> read = ReadNumberText(*plain.As<std::string>());
+        const std::optional<NumberRead> read = ReadNumberText(plain.Held<std::string>());
         if (!read) Raise(kErrTypeMismatch);
         if (read->tooLarge) Raise(kErrOverflow);
         based = read->based;
@@ -165,17 +165,17 @@ Variant CutNumber(const Variant& value, Cut cut)
     case VarType::Integer:
     case VarType::Long: return plain;
     case VarType::Empty: return std::int16_t{0};
-    case VarType::Boolean: return static_cast<std::int16_t>(*plain.As<bool>() ? -1 : 0);
-    case VarType::Single: return static_cast<float>(cut(static_cast<double>(*plain.As<float>())));
-    case VarType::Date: return Date{cut(plain.As<Date>()->days)};
+    case VarType::Boolean: return static_cast<std::int16_t>(plain.Held<bool>() ? -1 : 0);
+    case VarType::Single: return static_cast<float>(cut(static_cast<double>(plain.Held<float>())));
+    case VarType::Date: return Date{cut(plain.Held<Date>().days)};
     case VarType::Currency: {
-        const std::int64_t all = plain.As<Currency>()->tenThousandths;
+        const std::int64_t all = plain.Held<Currency>().tenThousandths;
         const std::int64_t whole = all / 10000 * 10000;
         const bool down = all < 0 && all != whole && cut(-0.5) < 0;
         return Currency{down ? whole - 10000 : whole};
     }
     case VarType::Decimal: {
-        const Decimal& decimal = *plain.As<Decimal>();
+        const Decimal& decimal = plain.Held<Decimal>();
         std::int64_t divisor = 1;
         for (std::uint8_t i = 0; i < decimal.scale && i < 18; ++i)
             divisor *= 10;
@@ -232,7 +232,7 @@ std::string TypeName(const Variant& value)
     case VarType::Date: return "Date";
     case VarType::String: return "String";
     case VarType::Object: {
-        const ObjectRef& object = *value.As<ObjectRef>();
+        const ObjectRef& object = value.Held<ObjectRef>();
         return object == nullptr ? "Nothing" : object->TypeName();
     }
     case VarType::Boolean: return "Boolean";
@@ -270,16 +270,16 @@ std::string CStr(const Variant& value)
     switch (plain.Type()) {
     case VarType::Empty: return {};
     case VarType::Null: Raise(kErrInvalidNull);
-    case VarType::Boolean: return BooleanText(*plain.As<bool>());
-    case VarType::Byte: return WholeText(static_cast<std::int32_t>(*plain.As<std::uint8_t>()));
-    case VarType::Integer: return WholeText(static_cast<std::int32_t>(*plain.As<std::int16_t>()));
-    case VarType::Long: return WholeText(*plain.As<std::int32_t>());
+    case VarType::Boolean: return BooleanText(plain.Held<bool>());
+    case VarType::Byte: return WholeText(static_cast<std::int32_t>(plain.Held<std::uint8_t>()));
+    case VarType::Integer: return WholeText(static_cast<std::int32_t>(plain.Held<std::int16_t>()));
+    case VarType::Long: return WholeText(plain.Held<std::int32_t>());
     case VarType::Single: return TextOf(NumberDigits(plain), CurrentLocale().decimalSeparator, 7);
-    case VarType::Double: return NumberText(*plain.As<double>());
+    case VarType::Double: return NumberText(plain.Held<double>());
     case VarType::Currency:
     case VarType::Decimal: return TextOf(NumberDigits(plain), CurrentLocale().decimalSeparator, kExactDigits);
-    case VarType::Date: return DateText(*plain.As<Date>());
-    case VarType::String: return *plain.As<std::string>();
+    case VarType::Date: return DateText(plain.Held<Date>());
+    case VarType::String: return plain.Held<std::string>();
     case VarType::Object:
     case VarType::Array: break;
     }
@@ -521,8 +521,8 @@ bool SameValue(const Variant& a, const Variant& b)
 {
     if (IsNumberKind(a.Type()) && IsNumberKind(b.Type())) return SameNumber(a, b);
     if (a.Type() != b.Type()) return false;
-    if (const auto* text = a.As<std::string>()) return *text == *b.As<std::string>();
-    if (const auto* object = a.As<ObjectRef>()) return *object == *b.As<ObjectRef>();
+    if (const auto* text = a.As<std::string>()) return *text == b.Held<std::string>();
+    if (const auto* object = a.As<ObjectRef>()) return *object == b.Held<ObjectRef>();
     if (const VariantArray* items = a.AsArray()) {
         const VariantArray& others = *b.AsArray();
         if (items->size() != others.size()) return false;
@@ -539,9 +539,9 @@ bool Equals(const Variant& a, const Variant& b)
     const Variant& right = Resolve(b, heldB);
     if (left.IsNull() || right.IsNull()) return false;
     if (left.IsArray() || right.IsArray()) Raise(kErrTypeMismatch);
-    if (left.IsText() && right.IsText()) return *left.As<std::string>() == *right.As<std::string>();
+    if (left.IsText() && right.IsText()) return left.Held<std::string>() == right.Held<std::string>();
     if (left.IsText() || right.IsText()) {
-        const std::string& text = *(left.IsText() ? left : right).As<std::string>();
+        const std::string& text = (left.IsText() ? left : right).Held<std::string>();
         const Variant& other = left.IsText() ? right : left;
         if (other.IsEmpty()) return text.empty();
         const std::optional<double> number = ReadNumber(text);

@@ -599,7 +599,7 @@ std::string Format(const Variant& value, std::string_view mask)
         return digits ? std::string((*words)[digits->IsZero() ? 0 : 1]) : ToText(value);
     }
     if (SameName(mask, "General Number")) {
-        const std::optional<double> number = isText ? ReadNumber(*value.As<std::string>()) : std::nullopt;
+        const std::optional<double> number = isText ? ReadNumber(value.Held<std::string>()) : std::nullopt;
         return number ? NumberText(*number) : ToText(value);
     }
     mask = MaskOfName(mask);

@@ -98,6 +98,12 @@ public:
     {
         return std::get_if<T>(&value_);
     }
+    /// The value of a kind that is known already. @throws std::bad_variant_access: it is of another kind
+    template <class T>
+    const T& Held() const
+    {
+        return std::get<T>(value_);
+    }
     /// The items of an array; nullptr when it is none. Copies of a Variant share the array.
     const VariantArray* AsArray() const;
     VariantArray* AsArray();

@@ -156,12 +156,12 @@ TEST(CutDown, FixCutsTowardsZeroAndIntGoesDown)
 
 TEST(CutDown, KeepsTheKindOfNumber)
 {
-    EXPECT_EQ(Fix(Variant(Currency{-15000})).As<Currency>()->tenThousandths, -10000);
-    EXPECT_EQ(Int(Variant(Currency{-15000})).As<Currency>()->tenThousandths, -20000);
-    EXPECT_EQ(Int(Variant(Currency{-20000})).As<Currency>()->tenThousandths, -20000);
-    EXPECT_EQ(Fix(Variant(Decimal{-155, 2})).As<Decimal>()->units, -1);
-    EXPECT_EQ(Int(Variant(Decimal{-155, 2})).As<Decimal>()->units, -2);
-    EXPECT_EQ(Int(Variant(Decimal{155, 2})).As<Decimal>()->units, 1);
+    EXPECT_EQ(Fix(Variant(Currency{-15000})).Held<Currency>().tenThousandths, -10000);
+    EXPECT_EQ(Int(Variant(Currency{-15000})).Held<Currency>().tenThousandths, -20000);
+    EXPECT_EQ(Int(Variant(Currency{-20000})).Held<Currency>().tenThousandths, -20000);
+    EXPECT_EQ(Fix(Variant(Decimal{-155, 2})).Held<Decimal>().units, -1);
+    EXPECT_EQ(Int(Variant(Decimal{-155, 2})).Held<Decimal>().units, -2);
+    EXPECT_EQ(Int(Variant(Decimal{155, 2})).Held<Decimal>().units, 1);
     EXPECT_EQ(Int(Variant(2.5F)).Type(), VarType::Single);
     EXPECT_EQ(Int(Variant(7)).Type(), VarType::Long);
     EXPECT_EQ(Fix(Variant(Null{})).Type(), VarType::Null);

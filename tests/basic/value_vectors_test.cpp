@@ -117,14 +117,14 @@ std::string Written(const Variant& value)
     switch (value.Type()) {
     case VarType::Null: return "n:";
     case VarType::Empty: return "e:";
-    case VarType::Boolean: return *value.As<bool>() ? "b:True" : "b:False";
-    case VarType::Byte: return "y:" + std::to_string(*value.As<std::uint8_t>());
-    case VarType::Integer: return "i:" + std::to_string(*value.As<std::int16_t>());
-    case VarType::Long: return "l:" + std::to_string(*value.As<std::int32_t>());
-    case VarType::Double: return "d:" + Plain(*value.As<double>());
-    case VarType::String: return "s:" + *value.As<std::string>();
+    case VarType::Boolean: return value.Held<bool>() ? "b:True" : "b:False";
+    case VarType::Byte: return "y:" + std::to_string(value.Held<std::uint8_t>());
+    case VarType::Integer: return "i:" + std::to_string(value.Held<std::int16_t>());
+    case VarType::Long: return "l:" + std::to_string(value.Held<std::int32_t>());
+    case VarType::Double: return "d:" + Plain(value.Held<double>());
+    case VarType::String: return "s:" + value.Held<std::string>();
     case VarType::Date: {
-        const DateParts parts = PartsOf(*value.As<Date>());
+        const DateParts parts = PartsOf(value.Held<Date>());
         char buffer[40];
         std::snprintf(buffer, sizeof buffer, "t:%04d-%02d-%02d %02d:%02d:%02d", parts.year, parts.month, parts.day,
                       parts.hour, parts.minute, parts.second);
