@@ -13,7 +13,7 @@ namespace {
 constexpr std::size_t kFirstChunk = 32; // values; a result of a few rows stays small
 constexpr std::size_t kSlabBlocks = 16; // blocks that are taken at once, after the first one
 constexpr std::int32_t kErrOutOfMemory = 7;
-constexpr double kLargestExact = 9007199254740992.0; // whole numbers up to here survive as double
+constexpr std::int64_t kLargestExact = std::int64_t{1} << 53; // whole numbers up to here survive as double
 
 bool SameBytes(std::string_view a, std::string_view b)
 {
@@ -154,8 +154,7 @@ void ColumnStore::AppendInteger(Column& column, std::int64_t value)
         break;
     case Kind::Int64: return column.values.Push(value);
     case Kind::Real:
-        if (std::abs(static_cast<double>(value)) <= kLargestExact)
-            return column.values.Push(static_cast<double>(value));
+        if (value >= -kLargestExact && value <= kLargestExact) return column.values.Push(static_cast<double>(value));
         TurnIntoTexts(column);
         return AppendText(column, Digits(value));
     case Kind::Text: return AppendText(column, Digits(value));
@@ -233,7 +232,8 @@ void ColumnStore::TurnIntoReals(Column& column)
 {
     if (column.kind == Kind::Int64)
         for (std::size_t row = 0; row < rows_; ++row)
-            if (std::abs(static_cast<double>(Integer(column, row))) > kLargestExact) return TurnIntoTexts(column);
+            if (const std::int64_t value = Integer(column, row); value < -kLargestExact || value > kLargestExact)
+                return TurnIntoTexts(column);
     ChunkedArray reals(sizeof(double));
     for (std::size_t row = 0; row < rows_; ++row)
         reals.Push(static_cast<double>(Integer(column, row)));

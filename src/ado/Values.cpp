@@ -241,8 +241,8 @@ template <class T>
 T WholeValue(const Given& given)
 {
     const double whole = std::nearbyint(given.number);
-    if (whole < static_cast<double>(std::numeric_limits<T>::min()) ||
-        whole > static_cast<double>(std::numeric_limits<T>::max()))
+    if (!(whole >= static_cast<double>(std::numeric_limits<T>::min()) &&
+          whole <= static_cast<double>(std::numeric_limits<T>::max())))
         RaiseAdo(kErrMultiStep, kSource);
     return static_cast<T>(whole);
 }
@@ -250,11 +250,9 @@ T WholeValue(const Given& given)
 basic::Variant NumberValue(const ColumnInfo& column, const basic::Variant& value)
 {
     if (column.type == adBoolean && value.Type() == basic::VarType::String) {
-        try {
-            return basic::CBool(value); // "True" and "Wahr" too
-        } catch (const basic::Error&) {
-            RaiseAdo(kErrWrongValueType, kSource); // what the words of no language give
-        }
+        const std::optional<bool> truth = basic::ReadBoolean(*value.As<std::string>()); // "True" and "Wahr" too
+        if (!truth) RaiseAdo(kErrWrongValueType, kSource);
+        return *truth;
     }
     const Given given = GivenNumber(value);
     switch (column.type) {
