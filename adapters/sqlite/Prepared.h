@@ -1,0 +1,77 @@
+#pragma once
+
+#include "adapters/sqlite/Translate.h"
+#include "ado/Driver.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <list>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace kvx::adapters::sqlite {
+
+struct FinalizeStatement {
+    void operator()(sqlite3_stmt* statement) const;
+};
+using StatementPtr = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
+
+/// @throws basic::Error the engine's
+StatementPtr Prepare(sqlite3* database, std::string_view sql, bool keep);
+
+struct Shape;
+
+/// A statement made ready to run, with what the layer above wants to know about its columns.
+struct Prepared {
+    StatementPtr statement;
+    bool readOnly = true;
+    std::shared_ptr<const std::vector<ado::ColumnInfo>> columns; ///< empty: gives no rows
+    std::vector<std::optional<Assignment>> parameters;
+    std::string values;     ///< the bound texts
+    Shape* shape = nullptr; ///< where it goes back to; nullptr: it is used once
+    std::uint32_t generation = 0;
+};
+
+/// One shape of statement, and the statements of it that nobody uses at the moment.
+struct Shape {
+    std::vector<std::unique_ptr<Prepared>> idle;
+    std::size_t inUse = 0;
+    std::list<Shape*>::iterator place;
+    const std::string* key = nullptr;
+};
+
+/// Prepared statements by shape; the one not used for longest goes first.
+class ShapeCache {
+public:
+    explicit ShapeCache(std::size_t capacity) : capacity_(capacity) {}
+
+    /// The shape's place, made when it is new.
+    Shape& Find(const std::string& key);
+
+    /// @return nullptr: every statement of the shape is in use, or it has none yet
+    std::unique_ptr<Prepared> Take(Shape& shape);
+    void Adopt(Prepared& prepared, Shape& shape); ///< a new statement of the shape, in use
+    void GiveBack(std::unique_ptr<Prepared> prepared);
+
+    /// After a change of the schema: statements in use go when they are given back.
+    void Clear();
+    std::size_t Size() const { return shapes_.size(); }
+
+private:
+    struct Hash {
+        std::size_t operator()(const std::string& key) const noexcept;
+    };
+
+    std::size_t capacity_;
+    std::unordered_map<std::string, Shape, Hash> shapes_;
+    std::list<Shape*> byUse_; // the last used first
+    std::uint32_t generation_ = 0;
+};
+
+} // namespace kvx::adapters::sqlite
