@@ -14,11 +14,11 @@ public:
     const std::string& Caption() const { return caption_; }
     void SetCaption(std::string_view caption);
     bool Default() const { return default_; }
-    void SetDefault(bool isDefault); ///< Enter anywhere on the form presses it; one a form
+    void SetDefault(bool isDefault);  ///< Enter anywhere on the form presses it; one a form
     bool Cancel() const { return cancel_; }
-    void SetCancel(bool isCancel); ///< Esc anywhere on the form presses it; one a form
+    void SetCancel(bool isCancel);  ///< Esc anywhere on the form presses it; one a form
     bool Value() const { return false; }
-    void SetValue(bool value); ///< true presses it: raises Click
+    void SetValue(bool value);  ///< true presses it: raises Click
 
     std::string_view MnemonicText() const override { return caption_; }
     bool DefaultKeyPress(std::int32_t key) override;
@@ -29,4 +29,4 @@ private:
     bool default_ = false, cancel_ = false;
 };
 
-} // namespace kvx::ui
+}  // namespace kvx::ui

@@ -17,11 +17,11 @@ public:
 
     const std::string& Caption() const { return caption_; }
     void SetCaption(std::string_view caption);
-    std::int16_t Value() const { return value_; } ///< vbUnchecked, vbChecked, vbGrayed
-    void SetValue(std::int16_t value);            ///< @throws basic::Error 380: another value (also -1)
+    std::int16_t Value() const { return value_; }  ///< vbUnchecked, vbChecked, vbGrayed
+    void SetValue(std::int16_t value);             ///< @throws basic::Error 380: another value (also -1)
 
     std::string_view MnemonicText() const override { return caption_; }
-    void UserClick() override; ///< toggles; grey becomes off
+    void UserClick() override;  ///< toggles; grey becomes off
     bool DefaultKeyPress(std::int32_t key) override;
     void Reset() override;
 
@@ -30,4 +30,4 @@ private:
     std::int16_t value_ = vbUnchecked;
 };
 
-} // namespace kvx::ui
+}  // namespace kvx::ui

@@ -69,7 +69,7 @@ constexpr std::int16_t vbCtrlMask = 2;
 constexpr std::int16_t vbAltMask = 4;
 
 /// How an unload began.
-constexpr std::int16_t vbFormControlMenu = 0; // the close box
+constexpr std::int16_t vbFormControlMenu = 0;  // the close box
 constexpr std::int16_t vbFormCode = 1;
 
 /// Which edges of its container a control keeps its distance from when the container changes size.
@@ -82,6 +82,6 @@ enum Anchor : std::uint8_t {
     kAnchorAll = 15,
 };
 
-constexpr int kTwipsPerPixel = 15; // at 96 dpi
+constexpr int kTwipsPerPixel = 15;  // at 96 dpi
 
-} // namespace kvx::ui
+}  // namespace kvx::ui

@@ -31,9 +31,9 @@ public:
     virtual std::string_view TypeName() const = 0;
 
     Form& Owner() const { return form_; }
-    const std::string& FullName() const { return fullName_; } ///< "txtInfo(0)"
-    std::string_view Name() const;                            ///< "txtInfo"
-    std::int16_t Index() const { return index_; }             ///< place in a control array, -1 = none
+    const std::string& FullName() const { return fullName_; }  ///< "txtInfo(0)"
+    std::string_view Name() const;                             ///< "txtInfo"
+    std::int16_t Index() const { return index_; }              ///< place in a control array, -1 = none
 
     std::int32_t Left() const { return left_; }
     std::int32_t Top() const { return top_; }
@@ -41,8 +41,8 @@ public:
     std::int32_t Height() const { return height_; }
     void SetLeft(std::int32_t twips);
     void SetTop(std::int32_t twips);
-    void SetWidth(std::int32_t twips);  ///< @throws basic::Error 380: negative
-    void SetHeight(std::int32_t twips); ///< @throws basic::Error 380: negative
+    void SetWidth(std::int32_t twips);   ///< @throws basic::Error 380: negative
+    void SetHeight(std::int32_t twips);  ///< @throws basic::Error 380: negative
     void Move(std::int32_t leftTwips, std::int32_t topTwips, std::int32_t widthTwips, std::int32_t heightTwips);
 
     /// The frame, tab page or picture box that the control stands in; nullptr = the form itself.
@@ -55,12 +55,12 @@ public:
     void SetAnchors(std::uint8_t anchors) { anchors_ = anchors; }
 
     bool Visible() const { return visible_; }
-    void SetVisible(bool visible); ///< hiding the focused control moves the focus on
+    void SetVisible(bool visible);  ///< hiding the focused control moves the focus on
     bool Enabled() const { return enabled_; }
-    void SetEnabled(bool enabled); ///< disabling the focused control moves the focus on
-    /// Visible and enabled, itself and every container.
+    void SetEnabled(bool enabled);  ///< disabling the focused control moves the focus on
+    /// Visible and enabled, itself and every container. A page that is not in front does not count as hidden.
     bool IsReachable() const;
-    bool IsShown() const; ///< visible, itself and every container
+    bool IsShown() const;  ///< visible, itself and every container, on pages in front
 
     std::int16_t TabIndex() const { return tabIndex_; }
     void SetTabIndex(std::int16_t index) { tabIndex_ = index; }
@@ -129,19 +129,22 @@ public:
     void UserDrop(Control& source, std::int32_t xTwips, std::int32_t yTwips);
 
     Event<> GotFocus, LostFocus, Click, DblClick;
-    Event<bool&> Validate;                      ///< set true to keep the focus
-    Event<std::int16_t&, std::int16_t> KeyDown; ///< key code (0 swallows the control's own reaction), shift mask
+    Event<bool&> Validate;                       ///< set true to keep the focus
+    Event<std::int16_t&, std::int16_t> KeyDown;  ///< key code (0 swallows the control's own reaction), shift mask
     Event<std::int16_t&, std::int16_t> KeyUp;
-    Event<std::int32_t&> KeyPress; ///< character; a handler may change it, 0 swallows it
+    Event<std::int32_t&> KeyPress;  ///< character; a handler may change it, 0 swallows it
     Event<std::int16_t, std::int16_t, std::int32_t, std::int32_t> MouseDown, MouseMove,
-        MouseUp;                                          ///< button, shift, x, y
-    Event<Control&, std::int32_t, std::int32_t> DragDrop; ///< dragged control, x, y in twips
+        MouseUp;                                           ///< button, shift, x, y
+    Event<Control&, std::int32_t, std::int32_t> DragDrop;  ///< dragged control, x, y in twips
 
 protected:
-    virtual void EnabledChanged() {} ///< after SetEnabled changed it
-    virtual void FocusGained() {}    ///< ahead of GotFocus
-    virtual void FocusLosing() {}    ///< ahead of LostFocus; the focus has already moved
-    virtual void Resized(std::int32_t oldWidthTwips, std::int32_t oldHeightTwips); ///< lays out what stands inside
+    virtual Color DrawnBackColor() const { return kColorButtonFace; }
+    virtual Color DrawnForeColor() const { return kColorButtonText; }
+    virtual void EnabledChanged() {}  ///< after SetEnabled changed it
+    virtual void FocusGained() {}     ///< ahead of GotFocus
+    virtual void FocusLosing() {}     ///< ahead of LostFocus; the focus has already moved
+    virtual void Resized(std::int32_t oldWidthTwips, std::int32_t oldHeightTwips);  ///< lays out what stands inside
+    void NotifyContents(Change what);  ///< this control and everything in it
     /// Runs the work from the message loop inside Form::Protect, unless the control is gone by then.
     void PostProtected(std::function<void()> work);
 
@@ -159,7 +162,8 @@ private:
     std::string tag_, toolTipText_;
     Color backColor_ = kColorButtonFace, foreColor_ = kColorButtonText;
     std::shared_ptr<basic::Object> object_;
+    std::shared_ptr<char> life_;  // made by PostProtected; work that waits sees when it is gone
     View* view_ = nullptr;
 };
 
-} // namespace kvx::ui
+}  // namespace kvx::ui

@@ -14,7 +14,7 @@ namespace kvx::ui {
 
 /// @throws basic::Error 340, naming the element
 [[noreturn]] void RaiseNoElement(std::string_view arrayName, std::int32_t index);
-std::string ElementName(std::string_view arrayName, std::int32_t index); ///< "txtInfo(3)"
+std::string ElementName(std::string_view arrayName, std::int32_t index);  ///< "txtInfo(3)"
 /// The array as a late-bound object: "Count", "LBound", "UBound", "Item"(i); the default property is Item.
 basic::ObjectRef MakeArrayObject(std::string_view arrayName, const std::vector<Control*>& elements);
 
@@ -70,4 +70,4 @@ private:
     std::array<std::unique_ptr<T>, N> elements_;
 };
 
-} // namespace kvx::ui
+}  // namespace kvx::ui

@@ -32,4 +32,4 @@ public:
     }
 };
 
-} // namespace kvx::ui
+}  // namespace kvx::ui

@@ -21,8 +21,8 @@ public:
     std::string_view TypeName() const override { return "DTPicker"; }
     static const basic::MemberTable<DTPicker>& Members();
 
-    basic::Date Value() const { return value_; } ///< carries a time of day
-    void SetValue(basic::Date value);            ///< @throws basic::Error 35773: outside MinDate to MaxDate
+    basic::Date Value() const { return value_; }  ///< carries a time of day
+    void SetValue(basic::Date value);             ///< @throws basic::Error 35773: outside MinDate to MaxDate
     std::int16_t Day() const;
     std::int16_t Month() const;
     std::int16_t Year() const;
@@ -39,16 +39,20 @@ public:
     std::int16_t Format() const { return format_; }
     void SetFormat(std::int16_t format);
     const std::string& CustomFormat() const { return customFormat_; }
-    void SetCustomFormat(std::string_view format); ///< "MM/yyyy", "dd.MM.yyyy"
-    std::string Text() const;                      ///< the value as it is shown
+    void SetCustomFormat(std::string_view format);  ///< "MM/yyyy", "dd.MM.yyyy"
+    std::string Text() const;                       ///< the value as it is shown
 
     void Reset() override;
 
     // --- what the user did ---
-    void UserSetValue(basic::Date value);                                   ///< pulled into the range
-    bool DefaultKeyDown(std::int16_t keyCode, std::int16_t shift) override; ///< up and down: a day
+    void UserSetValue(basic::Date value);                                    ///< pulled into the range
+    bool DefaultKeyDown(std::int16_t keyCode, std::int16_t shift) override;  ///< up and down: a day
 
     ui::Event<> Change;
+
+protected:
+    Color DrawnBackColor() const override { return kColorWindow; }
+    Color DrawnForeColor() const override { return kColorWindowText; }
 
 private:
     void Assign(basic::Date value);
@@ -56,6 +60,7 @@ private:
     basic::Date value_, minDate_, maxDate_;
     std::int16_t format_ = dtpLongDate;
     std::string customFormat_;
+    bool telling_ = false;  // Change is being raised
 };
 
-} // namespace kvx::ui
+}  // namespace kvx::ui

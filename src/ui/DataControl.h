@@ -22,9 +22,12 @@ public:
     static const basic::MemberTable<DataControl>& Members();
 
     const std::string& ConnectionString() const { return connectionString_; }
-    void SetConnectionString(std::string_view text); ///< counts from the next Refresh on
+    void SetConnectionString(std::string_view text);  ///< counts from the next Refresh on
     const std::string& RecordSource() const { return recordSource_; }
-    void SetRecordSource(std::string_view text) { recordSource_ = text; } ///< SQL text; counts from the next Refresh on
+    void SetRecordSource(std::string_view text)
+    {
+        recordSource_ = text;
+    }  ///< SQL text; counts from the next Refresh on
     ado::CommandTypeEnum CommandType() const { return commandType_; }
     void SetCommandType(ado::CommandTypeEnum type) { commandType_ = type; }
     ado::CursorTypeEnum CursorType() const { return cursorType_; }
@@ -54,6 +57,7 @@ private:
     friend class DataGrid;
     void Attach();
     void Detach();
+    void Drop();
     void Moved();
     std::string connectionString_, recordSource_;
     ado::CommandTypeEnum commandType_ = ado::adCmdUnknown;
@@ -64,7 +68,8 @@ private:
     std::string openedWith_;
     ado::Recordset recordset_;
     std::uint64_t hook_ = 0;
+    bool hooked_ = false, own_ = false;  // own_: opened here, to be closed here
     std::vector<DataGrid*> grids_;
 };
 
-} // namespace kvx::ui
+}  // namespace kvx::ui

@@ -16,7 +16,7 @@ class DataGrid;
 constexpr std::int16_t dbgLeft = 0;
 constexpr std::int16_t dbgRight = 1;
 constexpr std::int16_t dbgCenter = 2;
-constexpr std::int16_t dbgGeneral = 3; ///< numbers and dates to the right
+constexpr std::int16_t dbgGeneral = 3;  ///< numbers and dates to the right
 
 constexpr std::int32_t kErrNoBookmarks = 7004;
 
@@ -28,7 +28,7 @@ public:
     const std::string& Caption() const { return caption_; }
     void SetCaption(std::string_view caption);
     std::int32_t Width() const { return width_; }
-    void SetWidth(std::int32_t twips); ///< @throws basic::Error 380: negative
+    void SetWidth(std::int32_t twips);  ///< @throws basic::Error 380: negative
     bool Visible() const { return visible_; }
     void SetVisible(bool visible);
     std::int16_t Alignment() const { return alignment_; }
@@ -38,8 +38,8 @@ public:
     void SetNumberFormat(std::string_view mask);
     std::int32_t ColIndex() const;
 
-    std::string Text() const;     ///< of the current row as it is shown; "" with no rows
-    basic::Variant Value() const; ///< of the current row; Empty with no rows
+    std::string Text() const;      ///< of the current row as it is shown; "" with no rows
+    basic::Variant Value() const;  ///< of the current row; Empty with no rows
     std::string CellText(const basic::Variant& bookmark) const;
     basic::Variant CellValue(const basic::Variant& bookmark) const;
     basic::ObjectRef Object() const;
@@ -48,7 +48,7 @@ private:
     friend class DataGrid;
     explicit DataColumn(DataGrid& grid) : grid_(&grid) {}
     std::string Shown(const ado::Recordset& at) const;
-    DataGrid* grid_; // nullptr: the columns were built anew
+    DataGrid* grid_;  // nullptr: the columns were built anew
     std::string dataField_, caption_, numberFormat_;
     std::int32_t width_ = 1440;
     std::int16_t alignment_ = dbgGeneral;
@@ -72,8 +72,8 @@ public:
     public:
         explicit ColumnList(DataGrid& grid) : grid_(grid) {}
         std::int32_t Count() const { return static_cast<std::int32_t>(grid_.columns_.size()); }
-        DataColumn& operator[](std::int32_t index) const;     ///< @throws basic::Error 9
-        DataColumn& operator[](std::string_view field) const; ///< by DataField, case ignored. @throws basic::Error 9
+        DataColumn& operator[](std::int32_t index) const;      ///< @throws basic::Error 9
+        DataColumn& operator[](std::string_view field) const;  ///< by DataField, case ignored. @throws basic::Error 9
         bool Has(std::string_view field) const;
 
     private:
@@ -87,14 +87,14 @@ public:
     /// @throws basic::Error 7004: the recordset has no bookmarks
     void ReBind();
 
-    std::int32_t Row() const;      ///< current row, counted from the first one in sight; -1 = none
-    void SetRow(std::int32_t row); ///< @throws basic::Error 6148: not in sight
+    std::int32_t Row() const;       ///< current row, counted from the first one in sight; -1 = none
+    void SetRow(std::int32_t row);  ///< @throws basic::Error 6148: not in sight
     std::int32_t Col() const { return col_; }
-    void SetCol(std::int32_t col);                      ///< @throws basic::Error 9
-    std::int32_t FirstRow() const { return firstRow_; } ///< position of the first row in sight, from 0
+    void SetCol(std::int32_t col);                       ///< @throws basic::Error 9
+    std::int32_t FirstRow() const { return firstRow_; }  ///< position of the first row in sight, from 0
     void SetFirstRow(std::int32_t position);
     std::int32_t VisibleRows() const;
-    std::string Text() const; ///< of the current cell
+    std::string Text() const;  ///< of the current cell
     basic::Variant Bookmark() const;
     void SetBookmark(const basic::Variant& bookmark);
     std::int32_t RowHeight() const { return rowHeight_; }
@@ -102,7 +102,7 @@ public:
 
     // For windows.
     std::int32_t RowCount() const;
-    std::int32_t CurrentRow() const; ///< position in the recordset, from 0; -1 = none
+    std::int32_t CurrentRow() const;  ///< position in the recordset, from 0; -1 = none
     std::string CellText(std::int32_t row, std::int32_t col) const;
     bool AlignsRight(std::int32_t col) const;
 
@@ -116,22 +116,29 @@ public:
     void UserScroll(std::int32_t firstRow);
     bool DefaultKeyDown(std::int16_t keyCode, std::int16_t shift) override;
 
-    ui::Event<const basic::Variant&, std::int32_t> RowColChange; ///< bookmark of the row before, column before
-    ui::Event<std::int32_t, bool&> ColResize;                    ///< column; set true to keep the old width
+    ui::Event<const basic::Variant&, std::int32_t> RowColChange;  ///< bookmark of the row before, column before
+    ui::Event<std::int32_t, bool&> ColResize;                     ///< column; set true to keep the old width
     ui::Event<std::int32_t> HeadClick;
+
+protected:
+    Color DrawnBackColor() const override { return kColorWindow; }
+    Color DrawnForeColor() const override { return kColorWindowText; }
 
 private:
     friend class DataControl;
     friend class DataColumn;
-    void SourceGone() { source_ = nullptr; }
     void RowMoved();
-    const ado::Recordset& Rows() const;
+    bool HasRows() const;  // an open recordset
+    bool HasRow() const;   // with a current row
+    ado::Recordset& Rows() const;
+    ado::Recordset& ReaderAt(std::int32_t row) const;
+    const DataColumn& At(std::int32_t col) const;
+    void ShowRow();
     DataControl* source_ = nullptr;
     std::vector<std::shared_ptr<DataColumn>> columns_;
-    mutable ado::Recordset reader_; // a clone to read other rows with
+    mutable ado::Recordset reader_;  // a clone to read other rows with
     mutable bool readerFresh_ = false;
     std::int32_t col_ = 0, firstRow_ = 0, rowHeight_ = 240;
-    basic::Variant lastBookmark_;
 };
 
-} // namespace kvx::ui
+}  // namespace kvx::ui

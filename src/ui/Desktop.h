@@ -25,7 +25,7 @@ public:
     /// Lets the user work until form.Visible() is false. Called by Form::Show only, after FormActivate and the first
     /// focus, and not at all when one of these has hidden the form.
     virtual void RunModal(Form& form) = 0;
-    virtual void FormUnloaded(Form& form) = 0; ///< its window goes
+    virtual void FormUnloaded(Form& form) = 0;  ///< its window goes
 
     /// @param flags buttons + icon + default button, as vbYesNo + vbQuestion
     /// @return vbOK .. vbNo
@@ -33,13 +33,13 @@ public:
     /// @return the text typed; empty on Cancel
     virtual std::string InputBox(std::string_view prompt, std::string_view title, std::string_view defaultText) = 0;
 
-    virtual void DoEvents() = 0; ///< handles all waiting input, posted work and timers
+    virtual void DoEvents() = 0;  ///< handles all waiting input, posted work and timers
     /// Runs the work from the message loop, after the handler that is running now has returned.
     virtual void Post(std::function<void()> work) = 0;
     /// Queues key strokes for the control that is focused then: "{TAB}", "{HOME}", "+{END}", plain characters.
     virtual void SendKeys(std::string_view keys) = 0;
 
-    virtual void TimerChanged(Timer& timer) = 0; ///< enabled, disabled, another interval, or about to go
+    virtual void TimerChanged(Timer& timer) = 0;  ///< enabled, disabled, another interval, or about to go
 
     virtual std::string ClipboardText() = 0;
     virtual void SetClipboardText(std::string_view text) = 0;
@@ -48,10 +48,10 @@ public:
     virtual std::int32_t TextWidth(std::string_view text);
     virtual std::int32_t TextHeight(std::string_view text);
 
-    virtual basic::Date Now() = 0; ///< local date and time
+    virtual basic::Date Now() = 0;  ///< local date and time
     virtual std::int64_t TickMilliseconds() = 0;
 
-    std::int16_t MousePointer() const { return mousePointer_; } ///< Screen.MousePointer; overrides the forms'
+    std::int16_t MousePointer() const { return mousePointer_; }  ///< Screen.MousePointer; overrides the forms'
     virtual void SetMousePointer(std::int16_t pointer) { mousePointer_ = pointer; }
 
     /// The form on top that is shown; nullptr = none.
@@ -70,7 +70,9 @@ private:
 
 /// The desktop of this thread. @throws basic::Error 91: none was set
 Desktop& CurrentDesktop();
+/// The same; nullptr when none was set.
+Desktop* FindCurrentDesktop();
 /// @param desktop not owned; nullptr = none
 void SetCurrentDesktop(Desktop* desktop);
 
-} // namespace kvx::ui
+}  // namespace kvx::ui

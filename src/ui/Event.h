@@ -26,4 +26,4 @@ private:
     std::vector<Handler> handlers_;
 };
 
-} // namespace kvx::ui
+}  // namespace kvx::ui

@@ -19,7 +19,7 @@ constexpr std::int16_t flexAlignCenterBottom = 5;
 constexpr std::int16_t flexAlignRightTop = 6;
 constexpr std::int16_t flexAlignRightCenter = 7;
 constexpr std::int16_t flexAlignRightBottom = 8;
-constexpr std::int16_t flexAlignGeneral = 9; ///< numbers right, texts left
+constexpr std::int16_t flexAlignGeneral = 9;  ///< numbers right, texts left
 
 constexpr std::int16_t flexSelectionFree = 0;
 constexpr std::int16_t flexSelectionByRow = 1;
@@ -40,37 +40,37 @@ public:
     static const basic::MemberTable<FlexGrid>& Members();
 
     std::int32_t Rows() const { return static_cast<std::int32_t>(rows_.size()); }
-    void SetRows(std::int32_t rows); ///< @throws basic::Error 30016: fewer than FixedRows
+    void SetRows(std::int32_t rows);  ///< @throws basic::Error 30016: fewer than FixedRows
     std::int32_t Cols() const { return cols_; }
-    void SetCols(std::int32_t cols); ///< @throws basic::Error 30015: fewer than FixedCols
+    void SetCols(std::int32_t cols);  ///< @throws basic::Error 30015: fewer than FixedCols
     std::int32_t FixedRows() const { return fixedRows_; }
-    void SetFixedRows(std::int32_t rows); ///< @throws basic::Error 30016: not below Rows
+    void SetFixedRows(std::int32_t rows);  ///< @throws basic::Error 30016: not below Rows
     std::int32_t FixedCols() const { return fixedCols_; }
-    void SetFixedCols(std::int32_t cols); ///< @throws basic::Error 30015: not below Cols
+    void SetFixedCols(std::int32_t cols);  ///< @throws basic::Error 30015: not below Cols
 
-    const std::string& TextMatrix(std::int32_t row, std::int32_t col) const; ///< @throws basic::Error 381
+    const std::string& TextMatrix(std::int32_t row, std::int32_t col) const;  ///< @throws basic::Error 381
     void SetTextMatrix(std::int32_t row, std::int32_t col, std::string_view text);
     /// Of the current cell.
     const std::string& Text() const;
     void SetText(std::string_view text);
 
     std::int32_t Row() const { return row_; }
-    void SetRow(std::int32_t row); ///< events on a change. @throws basic::Error 30009
+    void SetRow(std::int32_t row);  ///< events on a change. @throws basic::Error 30009
     std::int32_t Col() const { return col_; }
-    void SetCol(std::int32_t col); ///< events on a change. @throws basic::Error 30010
+    void SetCol(std::int32_t col);  ///< events on a change. @throws basic::Error 30010
     std::int32_t RowSel() const { return rowSel_; }
-    void SetRowSel(std::int32_t row); ///< @throws basic::Error 30009
+    void SetRowSel(std::int32_t row);  ///< @throws basic::Error 30009
     std::int32_t ColSel() const { return colSel_; }
-    void SetColSel(std::int32_t col); ///< @throws basic::Error 30010
+    void SetColSel(std::int32_t col);  ///< @throws basic::Error 30010
     std::int16_t SelectionMode() const { return selectionMode_; }
     void SetSelectionMode(std::int16_t mode);
 
     /// Twips; -1 assigned = default; 0 hides.
-    std::int32_t ColWidth(std::int32_t col) const; ///< @throws basic::Error 30010
+    std::int32_t ColWidth(std::int32_t col) const;  ///< @throws basic::Error 30010
     void SetColWidth(std::int32_t col, std::int32_t twips);
-    std::int32_t RowHeight(std::int32_t row) const; ///< @throws basic::Error 30009
+    std::int32_t RowHeight(std::int32_t row) const;  ///< @throws basic::Error 30009
     void SetRowHeight(std::int32_t row, std::int32_t twips);
-    std::int16_t ColAlignment(std::int32_t col) const; ///< @throws basic::Error 30010
+    std::int16_t ColAlignment(std::int32_t col) const;  ///< @throws basic::Error 30010
     void SetColAlignment(std::int32_t col, std::int16_t alignment);
     std::int32_t RowData(std::int32_t row) const;
     void SetRowData(std::int32_t row, std::int32_t data);
@@ -82,7 +82,7 @@ public:
     std::int32_t CellTop();
     std::int32_t CellWidth();
     std::int32_t CellHeight();
-    Color CellBackColor() const; ///< of the current cell
+    Color CellBackColor() const;  ///< of the current cell
     void SetCellBackColor(Color color);
     Color CellForeColor() const;
     void SetCellForeColor(Color color);
@@ -90,9 +90,9 @@ public:
     void SetCellFontBold(bool bold);
 
     std::int32_t TopRow() const { return topRow_; }
-    void SetTopRow(std::int32_t row); ///< raises Scroll on a change
+    void SetTopRow(std::int32_t row);  ///< raises Scroll on a change
     std::int32_t LeftCol() const { return leftCol_; }
-    void SetLeftCol(std::int32_t col); ///< raises Scroll on a change
+    void SetLeftCol(std::int32_t col);  ///< raises Scroll on a change
     std::int32_t MouseRow() const { return mouseRow_; }
     std::int32_t MouseCol() const { return mouseCol_; }
     bool Redraw() const { return redraw_; }
@@ -100,8 +100,8 @@ public:
 
     /// A new row; tabs part its cells. @param index  -1 = at the end
     void AddItem(std::string_view item, std::int32_t index = -1);
-    void RemoveItem(std::int32_t row); ///< @throws basic::Error 30009, 30016: a fixed row, or the last one
-    void Clear();                      ///< empties every cell; sizes stay
+    void RemoveItem(std::int32_t row);  ///< @throws basic::Error 30009, 30016: a fixed row, or the last one
+    void Clear();                       ///< empties every cell; sizes stay
 
     // For windows.
     struct CellLook {
@@ -123,6 +123,10 @@ public:
 
     ui::Event<> EnterCell, LeaveCell, RowColChange, SelChange, Scroll;
 
+protected:
+    Color DrawnBackColor() const override { return kColorWindow; }
+    Color DrawnForeColor() const override { return kColorWindowText; }
+
 private:
     struct RowRecord {
         std::vector<std::string> cells;
@@ -136,6 +140,8 @@ private:
     void CheckRow(std::int32_t row) const;
     void CheckCol(std::int32_t col) const;
     void ShowCell();
+    std::int32_t RowTop(std::int32_t row) const;
+    std::int32_t ColLeft(std::int32_t col) const;
     CellLook& LookOf(std::int32_t row, std::int32_t col);
     std::vector<RowRecord> rows_;
     std::vector<ColumnRecord> columns_;
@@ -146,4 +152,4 @@ private:
     bool redraw_ = true;
 };
 
-} // namespace kvx::ui
+}  // namespace kvx::ui

@@ -34,16 +34,17 @@ public:
     const std::string& Name() const { return name_; }
     const std::string& Caption() const { return caption_; }
     void SetCaption(std::string_view caption);
-    std::int32_t Width() const { return width_; } ///< twips, with frame and title
+    std::int32_t Width() const { return width_; }  ///< twips, with frame and title
     std::int32_t Height() const { return height_; }
     void SetSize(std::int32_t widthTwips, std::int32_t heightTwips);
     void SetWidth(std::int32_t twips) { SetSize(twips, height_); }
     void SetHeight(std::int32_t twips) { SetSize(width_, twips); }
-    std::int32_t ScaleWidth() const;  ///< twips, the inside
-    std::int32_t ScaleHeight() const; ///< twips, the inside
+    std::int32_t ScaleWidth() const;   ///< twips, the inside
+    std::int32_t ScaleHeight() const;  ///< twips, the inside
     bool Sizable() const { return sizable_; }
     void SetSizable(bool sizable) { sizable_ = sizable; }
     bool Enabled() const { return enabled_; }
+    void SetEnabled(bool enabled);  ///< disabled, it takes no input at all
     std::int16_t MousePointer() const { return mousePointer_; }
     void SetMousePointer(std::int16_t pointer);
     const std::string& Tag() const { return tag_; }
@@ -68,15 +69,15 @@ public:
     /// @param name full name, "txtInfo(0)"; case is ignored. @return nullptr: no such control
     Control* FindControl(std::string_view name) const;
     Control* ActiveControl() const { return active_; }
-    Button* DefaultButton() const; ///< pressed by Enter; nullptr = none
-    Button* CancelButton() const;  ///< pressed by Esc; nullptr = none
+    Button* DefaultButton() const;  ///< pressed by Enter; nullptr = none
+    Button* CancelButton() const;   ///< pressed by Esc; nullptr = none
     /// Focus goes to the next control that can take it, in tab order. @return false: there is none
     bool FocusNext(bool backwards);
     /// Controls that can take the focus, in tab order.
     std::vector<Control*> TabOrder() const;
 
-    std::int32_t TextWidth(std::string_view text) const;  ///< twips in the dialogs' font
-    std::int32_t TextHeight(std::string_view text) const; ///< twips, one line
+    std::int32_t TextWidth(std::string_view text) const;   ///< twips in the dialogs' font
+    std::int32_t TextHeight(std::string_view text) const;  ///< twips, one line
 
     /// The form as a late-bound object: its controls are its members. Touching one loads the form.
     basic::ObjectRef Object();
@@ -94,23 +95,27 @@ public:
     bool UserTab(bool backwards);
     /// @return false: a handler swallowed the key, or the form has dealt with it; no reaction of the control's own
     bool UserKeyDown(std::int16_t keyCode, std::int16_t shift);
-    /// Default and Cancel buttons, Enter and Space on buttons, then KeyPress.
+    /// Default and Cancel buttons, Enter on a focused button; any other character raises KeyPress.
     /// @param key character typed: a Unicode code point; 8, 13, 27, 1 to 26 with Ctrl
     /// @return the character that goes into the control; 0: nothing goes in
     std::int32_t UserKeyPress(std::int32_t key);
     void UserKeyUp(std::int16_t keyCode, std::int16_t shift);
+    /// A whole key stroke for desktops that have no reaction of their own: KeyDown and the control's reaction, KeyPress
+    /// and the character, KeyUp.
+    /// @param keyCode    0 = only the character. @param character  0 = only the key
+    void UserKey(std::int16_t keyCode, std::int16_t shift, std::int32_t character);
     /// Alt + letter. @return false: no control has that letter
     bool UserMnemonic(char32_t letter);
     /// Moves the focus to the control, then clicks it. @return false: it cannot be reached, or the focus stayed
     bool UserClickOn(Control& control);
-    void UserClose(); ///< the close box
+    void UserClose();  ///< the close box
     void UserResize(std::int32_t widthTwips, std::int32_t heightTwips);
-    void UserActivate(); ///< the window came to the front again, after another form of the program
-    void UserDeactivate();
+    void UserActivate();    ///< in front again after another form of the program; Show of that form calls it
+    void UserDeactivate();  ///< another form of the program came to the front; its Show calls it
 
     Event<> FormLoad, FormActivate, FormDeactivate, FormResize;
-    Event<std::int16_t&, std::int16_t> QueryUnload; ///< cancel, mode
-    Event<std::int16_t&> FormUnload;                ///< cancel
+    Event<std::int16_t&, std::int16_t> QueryUnload;  ///< cancel, mode
+    Event<std::int16_t&> FormUnload;                 ///< cancel
 
 protected:
     /// Captions, places, sizes, containers and other properties that the controls are drawn with.
@@ -138,8 +143,21 @@ private:
     friend class Control;
     void Register(Control& control);
     void Unregister(Control& control);
-    void ChangeFocus(Control* control); ///< LostFocus and GotFocus, no Validate
-    void LayoutAnchored(std::int32_t oldWidth, std::int32_t oldHeight);
+    void ChangeFocus(Control* control);  ///< LostFocus and GotFocus, no Validate
+    void LeaveUnreachable();             ///< the focus moves on when its control was hidden or disabled
+    bool TakesInput() const;             ///< shown, enabled, and no other form in front
+    void Open();
+    void Close();
+    void Announce(Control& control);
+    bool MoveFocusTo(Control& control);
+    Control* NextInTabOrder(const Control* from, bool backwards) const;
+    Button* PressedBy(std::int32_t key) const;  ///< by Enter or Esc from where the focus is; nullptr = none
+    void ForgetObject();
+    void EndFront(std::exception_ptr failure);
+    void ResetState();
+    /// Anchored controls directly inside the container (nullptr = the form) follow its growth.
+    void LayoutInside(const Control* container, std::int32_t growthX, std::int32_t growthY);
+    void NotifyInside(Control* container, Change what);  ///< the container and everything in it
 
     std::string name_, caption_, tag_;
     std::int32_t width_ = 0, height_ = 0;
@@ -147,9 +165,17 @@ private:
     std::int16_t mousePointer_ = vbDefault;
     std::vector<Control*> controls_;
     Control* active_ = nullptr;
+    Control* announced_ = nullptr;  // the control that GotFocus was raised for
+    bool designed_ = false;         // the size from Design is known
+    bool opened_ = false;           // FormResize has told the first size
     std::exception_ptr failure_;
     std::shared_ptr<basic::Object> object_;
     View* view_ = nullptr;
 };
 
-} // namespace kvx::ui
+/// The letter behind "&" in a caption; 0 = none. "&&" stands for the sign itself.
+char32_t MnemonicOf(std::string_view caption);
+/// The caption as it is read, without the sign.
+std::string PlainCaption(std::string_view caption);
+
+}  // namespace kvx::ui

@@ -22,4 +22,4 @@ private:
     std::string caption_;
 };
 
-} // namespace kvx::ui
+}  // namespace kvx::ui

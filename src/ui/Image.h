@@ -12,10 +12,10 @@ public:
     /// @throws basic::Error 53: no such file; 76: no such folder; 481: no picture that is known
     explicit Picture(std::string_view path);
 
-    const std::string& Path() const { return path_; } ///< empty = no picture
+    const std::string& Path() const { return path_; }  ///< empty = no picture
     std::int32_t PixelWidth() const { return pixelWidth_; }
     std::int32_t PixelHeight() const { return pixelHeight_; }
-    std::int32_t Width() const; ///< hundredths of a millimetre, at 96 pixels an inch
+    std::int32_t Width() const;  ///< hundredths of a millimetre, at 96 pixels an inch
     std::int32_t Height() const;
 
 private:
@@ -33,7 +33,7 @@ public:
     const ui::Picture& Picture() const { return picture_; }
     void SetPicture(const ui::Picture& picture);
     bool Stretch() const { return stretch_; }
-    void SetStretch(bool stretch); ///< the picture takes the control's size
+    void SetStretch(bool stretch);  ///< the picture takes the control's size
 
     bool TakesFocus() const override { return false; }
     void Reset() override;
@@ -59,4 +59,4 @@ private:
     ui::Picture picture_;
 };
 
-} // namespace kvx::ui
+}  // namespace kvx::ui

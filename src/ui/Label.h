@@ -12,10 +12,10 @@ public:
     static const basic::MemberTable<Label>& Members();
 
     const std::string& Caption() const { return caption_; }
-    void SetCaption(std::string_view caption); ///< raises Change, if it differs
+    void SetCaption(std::string_view caption);  ///< raises Change, if it differs
     bool AutoSize() const { return autoSize_; }
     void SetAutoSize(bool autoSize);
-    std::int16_t Alignment() const { return alignment_; } ///< 0 left, 1 right, 2 centre
+    std::int16_t Alignment() const { return alignment_; }  ///< 0 left, 1 right, 2 centre
     void SetAlignment(std::int16_t alignment);
     bool WordWrap() const { return wordWrap_; }
     void SetWordWrap(bool wrap);
@@ -32,4 +32,4 @@ private:
     std::int16_t alignment_ = 0;
 };
 
-} // namespace kvx::ui
+}  // namespace kvx::ui

@@ -17,16 +17,16 @@ class ListView;
 /// A row of a list view; stays at its address until it is removed.
 class ListItem {
 public:
-    std::int32_t Index() const; ///< from 1
+    std::int32_t Index() const;  ///< from 1
     const std::string& Key() const { return key_; }
-    void SetKey(std::string_view key); ///< @throws basic::Error 35602, 35603
+    void SetKey(std::string_view key);  ///< @throws basic::Error 35602, 35603
     const std::string& Text() const { return text_; }
     void SetText(std::string_view text);
     /// Text of column n + 1. @param n  from 1. @throws basic::Error 380: no such column
     const std::string& SubItems(std::int32_t n) const;
-    void SetSubItems(std::int32_t n, std::string_view text); ///< @throws basic::Error 380
+    void SetSubItems(std::int32_t n, std::string_view text);  ///< @throws basic::Error 380
     bool Checked() const { return checked_; }
-    void SetChecked(bool checked); ///< raises nothing
+    void SetChecked(bool checked);  ///< raises nothing
     bool Selected() const { return selected_; }
     /// Marks it; does not move SelectedItem with MultiSelect; raises nothing.
     void SetSelected(bool selected);
@@ -36,17 +36,16 @@ public:
     void SetForeColor(Color color);
     bool Bold() const { return bold_; }
     void SetBold(bool bold);
-    std::int32_t Top() const;    ///< twips, from the list's own top
-    std::int32_t Height() const; ///< twips
+    std::int32_t Top() const;     ///< twips, from the list's own top
+    std::int32_t Height() const;  ///< twips
     void EnsureVisible();
     basic::ObjectRef Object();
 
 private:
     friend class ListView;
     friend class ListItems;
-    friend struct ListItemMembers;
     explicit ListItem(ListView& list) : list_(&list) {}
-    ListView* list_; // nullptr: was removed
+    ListView* list_;  // nullptr: was removed
     std::string key_, text_, tag_;
     std::vector<std::string> subItems_;
     Color foreColor_ = kColorWindowText;
@@ -64,11 +63,11 @@ public:
     /// @throws basic::Error 35600: bad index; 35602: key taken; 35603: key reads as a number
     ListItem& Add(std::int32_t index, std::string_view key, std::string_view text);
     ListItem& Add(std::string_view key, std::string_view text) { return Add(0, key, text); }
-    ListItem& operator[](std::int32_t index) const;   ///< @throws basic::Error 35600
-    ListItem& operator[](std::string_view key) const; ///< @throws basic::Error 35601
-    ListItem* Find(std::string_view key) const;       ///< nullptr = none
-    void Remove(std::int32_t index);                  ///< @throws basic::Error 35600
-    void Remove(std::string_view key);                ///< @throws basic::Error 35601
+    ListItem& operator[](std::int32_t index) const;    ///< @throws basic::Error 35600
+    ListItem& operator[](std::string_view key) const;  ///< @throws basic::Error 35601
+    ListItem* Find(std::string_view key) const;        ///< nullptr = none
+    void Remove(std::int32_t index);                   ///< @throws basic::Error 35600
+    void Remove(std::string_view key);                 ///< @throws basic::Error 35601
     void Clear();
     basic::ObjectRef Object();
 
@@ -89,14 +88,14 @@ constexpr std::int16_t lvwColumnCenter = 2;
 /// The head of a column.
 class ColumnHeader {
 public:
-    std::int32_t Index() const; ///< from 1
+    std::int32_t Index() const;  ///< from 1
     const std::string& Key() const { return key_; }
-    void SetKey(std::string_view key); ///< @throws basic::Error 35602, 35603
+    void SetKey(std::string_view key);  ///< @throws basic::Error 35602, 35603
     const std::string& Text() const { return text_; }
     void SetText(std::string_view text);
     std::int32_t Width() const { return width_; }
-    void SetWidth(std::int32_t twips); ///< @throws basic::Error 380: negative
-    std::int32_t Left() const;         ///< twips
+    void SetWidth(std::int32_t twips);  ///< @throws basic::Error 380: negative
+    std::int32_t Left() const;          ///< twips
     std::int16_t Alignment() const { return alignment_; }
     void SetAlignment(std::int16_t alignment);
     std::int16_t SubItemIndex() const { return static_cast<std::int16_t>(Index() - 1); }
@@ -128,9 +127,9 @@ public:
     {
         return Add(0, key, text, widthTwips);
     }
-    ColumnHeader& operator[](std::int32_t index) const;   ///< @throws basic::Error 35600
-    ColumnHeader& operator[](std::string_view key) const; ///< @throws basic::Error 35601
-    void Remove(std::int32_t index);                      ///< @throws basic::Error 35600
+    ColumnHeader& operator[](std::int32_t index) const;    ///< @throws basic::Error 35600
+    ColumnHeader& operator[](std::string_view key) const;  ///< @throws basic::Error 35601
+    void Remove(std::int32_t index);                       ///< @throws basic::Error 35600
     void Remove(std::string_view key);
     void Clear();
     basic::ObjectRef Object();
@@ -142,4 +141,4 @@ private:
     std::vector<std::shared_ptr<ColumnHeader>> columns_;
 };
 
-} // namespace kvx::ui
+}  // namespace kvx::ui

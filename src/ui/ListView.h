@@ -22,7 +22,7 @@ public:
     virtual void ItemsReset() = 0;
     virtual void ItemInserted(std::int32_t position) = 0;
     virtual void ItemRemoved(std::int32_t position) = 0;
-    virtual void ItemChanged(std::int32_t position) = 0; ///< text, check, selection, colour
+    virtual void ItemChanged(std::int32_t position) = 0;  ///< text, check, selection, colour
     virtual void ColumnsChanged() = 0;
     virtual void EnsureVisible(std::int32_t position) = 0;
 };
@@ -40,7 +40,7 @@ public:
     ui::ColumnHeaders& ColumnHeaders() { return columns_; }
     const ui::ColumnHeaders& ColumnHeaders() const { return columns_; }
 
-    ListItem* SelectedItem() { return selected_; } ///< nullptr = none
+    ListItem* SelectedItem() { return selected_; }  ///< nullptr = none
     /// Selects it (and, without MultiSelect, no other); raises nothing. nullptr = none
     void SetSelectedItem(ListItem* item);
 
@@ -57,14 +57,14 @@ public:
     bool HideSelection() const { return hideSelection_; }
     void SetHideSelection(bool hide) { hideSelection_ = hide; }
     bool Sorted() const { return sorted_; }
-    void SetSorted(bool sorted);                      ///< sorts now, and puts items added later in their places
-    std::int16_t SortKey() const { return sortKey_; } ///< 0 = text, n = sub-item n
+    void SetSorted(bool sorted);                       ///< sorts now, and puts items added later in their places
+    std::int16_t SortKey() const { return sortKey_; }  ///< 0 = text, n = sub-item n
     void SetSortKey(std::int16_t key);
-    std::int16_t SortOrder() const { return sortOrder_; } ///< 0 ascending, 1 descending
+    std::int16_t SortOrder() const { return sortOrder_; }  ///< 0 ascending, 1 descending
     void SetSortOrder(std::int16_t order);
-    std::int32_t TopIndex() const { return topIndex_; } ///< first row in sight, from 1
-    std::int32_t HeaderHeight() const;                  ///< twips
-    std::int32_t RowHeight() const;                     ///< twips
+    std::int32_t TopIndex() const { return topIndex_; }  ///< first row in sight, from 1
+    std::int32_t HeaderHeight() const;                   ///< twips
+    std::int32_t RowHeight() const;                      ///< twips
 
     void Reset() override;
     void SetListener(ListViewListener* listener) { listener_ = listener; }
@@ -72,16 +72,20 @@ public:
     // --- what the user did ---
     /// Clicked or moved to an item: selection, ItemClick, Click. @param shift  Ctrl and Shift with MultiSelect
     void UserSelectItem(ListItem& item, std::int16_t shift = 0);
-    void UserToggleCheck(ListItem& item); ///< a click on the box: ItemCheck, without ItemClick
+    void UserToggleCheck(ListItem& item);  ///< a click on the box: ItemCheck, without ItemClick
     void UserColumnClick(ColumnHeader& column);
     void UserResizeColumn(ColumnHeader& column, std::int32_t widthTwips);
     void UserScroll(std::int32_t topIndex) { topIndex_ = topIndex; }
     bool DefaultKeyDown(std::int16_t keyCode, std::int16_t shift) override;
     bool DefaultKeyPress(std::int32_t key) override;
 
-    ui::Event<ListItem&> ItemClick; ///< the user only
-    ui::Event<ListItem&> ItemCheck; ///< the user only
+    ui::Event<ListItem&> ItemClick;  ///< the user only
+    ui::Event<ListItem&> ItemCheck;  ///< the user only
     ui::Event<ColumnHeader&> ColumnClick;
+
+protected:
+    Color DrawnBackColor() const override { return kColorWindow; }
+    Color DrawnForeColor() const override { return kColorWindowText; }
 
 private:
     friend class ui::ListItem;
@@ -89,7 +93,14 @@ private:
     friend class ui::ColumnHeader;
     friend class ui::ColumnHeaders;
     void Sort();
+    std::string SortText(const ListItem& item) const;
+    std::size_t SortedPlace(const ListItem& item) const;
     void Changed(const ListItem& item);
+    void Inserted(std::int32_t position);
+    void Removed(const ListItem& item, std::int32_t position);
+    void Emptied();
+    void ColumnsChanged();
+    void Show(std::int32_t index);
     ui::ListItems items_{*this};
     ui::ColumnHeaders columns_{*this};
     ListViewListener* listener_ = nullptr;
@@ -100,4 +111,4 @@ private:
          sorted_ = false;
 };
 
-} // namespace kvx::ui
+}  // namespace kvx::ui

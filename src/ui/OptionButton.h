@@ -20,9 +20,9 @@ public:
     void SetValue(bool value);
 
     std::string_view MnemonicText() const override { return caption_; }
-    bool StopsTab() const override; ///< the chosen one of the group, else its first
+    bool StopsTab() const override;  ///< the chosen one of the group, else its first
     void UserClick() override;
-    bool DefaultKeyDown(std::int16_t keyCode, std::int16_t shift) override; ///< arrows choose the neighbour
+    bool DefaultKeyDown(std::int16_t keyCode, std::int16_t shift) override;  ///< arrows choose the neighbour
     bool DefaultKeyPress(std::int32_t key) override;
     void Reset() override;
 
@@ -32,4 +32,4 @@ private:
     bool value_ = false;
 };
 
-} // namespace kvx::ui
+}  // namespace kvx::ui

@@ -12,11 +12,11 @@ public:
     static const basic::MemberTable<ProgressBar>& Members();
 
     float Min() const { return min_; }
-    void SetMin(float min); ///< @throws basic::Error 380: not below Max
+    void SetMin(float min);  ///< @throws basic::Error 380: not below Max
     float Max() const { return max_; }
-    void SetMax(float max); ///< @throws basic::Error 380: not above Min
+    void SetMax(float max);  ///< @throws basic::Error 380: not above Min
     float Value() const { return value_; }
-    void SetValue(float value); ///< @throws basic::Error 380: outside Min to Max
+    void SetValue(float value);  ///< @throws basic::Error 380: outside Min to Max
 
     bool TakesFocus() const override { return false; }
     void Reset() override;
@@ -25,4 +25,4 @@ private:
     float min_ = 0, max_ = 100, value_ = 0;
 };
 
-} // namespace kvx::ui
+}  // namespace kvx::ui

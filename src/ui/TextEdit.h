@@ -11,12 +11,12 @@ namespace kvx::ui {
 class TextEdit {
 public:
     const std::string& Text() const { return text_; }
-    void SetText(std::string_view text); ///< caret to the start, nothing marked
+    void SetText(std::string_view text);  ///< caret to the start, nothing marked
 
     std::int32_t SelStart() const { return start_; }
     std::int32_t SelLength() const { return length_; }
     std::string SelText() const;
-    void Select(std::int32_t start, std::int32_t length); ///< clipped to the text
+    void Select(std::int32_t start, std::int32_t length);  ///< clipped to the text
     void SelectAll();
 
     /// Replaces what is marked (or inserts at the caret); the caret stands behind it.
@@ -33,7 +33,7 @@ private:
     void DeleteMarked();
     std::string text_;
     std::int32_t start_ = 0, length_ = 0;
-    bool caretAtStart_ = false; ///< which end of the mark moves with Shift + arrow
+    bool caretAtStart_ = false;  ///< which end of the mark moves with Shift + arrow
 };
 
-} // namespace kvx::ui
+}  // namespace kvx::ui

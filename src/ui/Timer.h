@@ -12,7 +12,7 @@ public:
     std::string_view TypeName() const override { return "Timer"; }
     static const basic::MemberTable<Timer>& Members();
 
-    std::int32_t Interval() const { return interval_; } ///< ms; 0 = never
+    std::int32_t Interval() const { return interval_; }  ///< ms; 0 = never
     /// Starts the interval anew on a change. @throws basic::Error 380: not 0 to 65535
     void SetInterval(std::int32_t milliseconds);
     /// Enabled, with an interval, on a loaded form.
@@ -33,4 +33,4 @@ private:
     std::int32_t interval_ = 0;
 };
 
-} // namespace kvx::ui
+}  // namespace kvx::ui

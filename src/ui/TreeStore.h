@@ -30,8 +30,8 @@ public:
 private:
     static constexpr std::uint32_t kChunk = 1u << 18;
     std::vector<std::unique_ptr<char[]>> chunks_;
-    std::vector<std::string> large_; // texts beyond 254 bytes
-    std::uint32_t used_ = kChunk;    // of the last chunk
+    std::vector<std::string> large_;  // texts beyond 254 bytes
+    std::uint32_t used_ = kChunk;     // of the last chunk
 };
 
 /// The nodes of a tree without events: 32 bytes each, the text, and what few nodes have in tables beside. Nodes are
@@ -59,8 +59,8 @@ public:
     bool HasKey(std::uint32_t id) const { return (At(id).flags & kHasKey) != 0; }
     std::string Key(std::uint32_t id) const;
     std::string_view KeyPart(std::uint32_t id) const;
-    /// What a child's full key must begin with so that its key is derived; nothing found = the key is stored whole.
-    /// @return true, and the rest of the key: it is derived from the parent's
+    /// @param part  by reference: what a child's key adds to that of the parent
+    /// @return false: the key does not go on from the parent's, and must be stored whole
     bool SplitKey(std::uint32_t parent, std::string_view key, std::string_view& part) const;
     /// @return false: another node has this key
     bool SetKey(std::uint32_t id, std::string_view key);
@@ -76,7 +76,7 @@ public:
     std::uint32_t ChildCount(std::uint32_t id) const { return id == kNone ? top_.count : At(id).count; }
     std::uint32_t ChildAt(std::uint32_t parent, std::uint32_t position) const;
     std::uint32_t Position(std::uint32_t id) const;
-    std::uint32_t ByIndex(std::uint32_t index) const; ///< live nodes in order of creation, from 0; kNone = none
+    std::uint32_t ByIndex(std::uint32_t index) const;  ///< live nodes in order of creation, from 0; kNone = none
     std::uint32_t IndexOf(std::uint32_t id) const;
 
     enum Flag : std::uint16_t { kExpanded = 1, kBold = 2, kChecked = 4 };
@@ -102,22 +102,21 @@ private:
     enum : std::uint16_t {
         kRemoved = 8,
         kHasKey = 16,
-        kKeyStored = 32, // the key stands whole in keys_ and does not follow the parent's
-        kPartApart = 64, // the own part differs from the text and stands in keys_
+        kKeyStored = 32,  // the key stands whole in keys_ and does not follow the parent's
+        kPartApart = 64,  // the own part differs from the text and stands in keys_
         kHasTag = 128,
         kSorted = 256,
         kRising = 512,      // parts of the children have come in rising order, each with a key: no two are equal
         kPositions = 1024,  // positions of the children are up to date
-        kManyColours = 2048 // a colour did not fit the palette
     };
     struct Record {
         std::uint32_t parent = kNone, first = kNone, next = kNone;
-        std::uint32_t previous = kNone; // of a first child: the last child
+        std::uint32_t previous = kNone;  // of a first child: the last child
         std::uint32_t count = 0;
         mutable std::uint32_t position = 0;
         std::uint32_t text = 0;
         mutable std::uint16_t flags = 0;
-        std::uint8_t fore = 0, back = 0; // palette; 0 = the tree's
+        std::uint8_t fore = 0, back = 0;  // palette; 0 = the tree's
     };
     static_assert(sizeof(Record) == 32);
     static constexpr std::uint32_t kChunkBits = 13, kChunk = 1u << kChunkBits;
@@ -126,12 +125,19 @@ private:
     const Record& At(std::uint32_t id) const { return chunks_[id >> kChunkBits][id & (kChunk - 1)]; }
     Record& ParentRecord(std::uint32_t parent) { return parent == kNone ? top_ : At(parent); }
     const Record& ParentRecord(std::uint32_t parent) const { return parent == kNone ? top_ : At(parent); }
+    static constexpr std::uint32_t kWholeKey = 0xFFFFFFFE;             // "parent" of keys that are stored whole
+    static constexpr std::uint32_t kFree = kNone, kGone = 0xFFFFFFFE;  // slots of the look-up
+    static constexpr std::uint8_t kOwnColour = 255;                    // palette index: see colours_
     std::uint32_t Make(std::string_view text);
+    bool DerivesKeys(std::uint32_t parent) const;
+    std::string KeyBase(std::uint32_t parent) const;
+    void ForgetCursor() const { cursorId_ = kNone; }
+    Color ColorAt(std::uint32_t id, std::uint8_t index, bool fore, Color otherwise) const;
+    void AssignColor(std::uint32_t id, Color color, bool fore);
     void Link(std::uint32_t id, std::uint32_t parent, std::uint32_t before);
     void Unlink(std::uint32_t id);
     void Forget(std::uint32_t id);
     void StorePart(std::uint32_t id, std::string_view part);
-    std::uint8_t PaletteIndex(Color color);
     std::uint32_t Descend(std::uint32_t parent, std::string_view rest) const;
 
     // Look-up: numbers of nodes in open addressing, by parent and part, or by the whole of a stored key.
@@ -141,6 +147,8 @@ private:
     void Index(std::uint32_t id) const;
     void Unindex(std::uint32_t id);
     std::uint32_t Probe(std::uint32_t parent, std::string_view part) const;
+    std::uint32_t FindPart(std::uint32_t parent, std::string_view part) const;
+    std::uint32_t FindWhole(std::string_view key) const;
 
     std::vector<std::unique_ptr<Record[]>> chunks_;
     std::uint32_t made_ = 0, live_ = 0;
@@ -149,12 +157,14 @@ private:
     std::unordered_map<std::uint32_t, std::string> keys_, tags_;
     std::unordered_map<std::uint32_t, std::pair<Color, Color>> colours_;
     std::vector<Color> palette_;
-    bool pathKeys_ = false, separatorInParts_ = false, storedKeys_ = false;
+    bool pathKeys_ = false, separatorInParts_ = false;
+    std::size_t wholeKeys_ = 0;  // nodes whose key is stored whole
     std::string rootKey_, prefix_, separator_;
     mutable std::vector<std::uint32_t> index_;
     mutable std::uint32_t indexed_ = 0, indexGone_ = 0;
-    mutable std::vector<std::uint32_t> order_; // live nodes by creation; empty while none was removed
+    mutable std::uint64_t walked_ = 0;          // siblings looked at for want of an index
+    mutable std::vector<std::uint32_t> order_;  // live nodes by creation; empty while none was removed
     mutable std::uint32_t cursorParent_ = kNone, cursorPosition_ = 0, cursorId_ = kNone;
 };
 
-} // namespace kvx::ui
+}  // namespace kvx::ui

@@ -10,25 +10,25 @@
 
 namespace kvx::ui {
 
-constexpr std::int16_t tvwAutomatic = 0; ///< a second click on the selected label starts an edit
-constexpr std::int16_t tvwManual = 1;    ///< only StartLabelEdit does
+constexpr std::int16_t tvwAutomatic = 0;  ///< a second click on the selected label starts an edit
+constexpr std::int16_t tvwManual = 1;     ///< only StartLabelEdit does
 
 /// What a window wants to know of a tree, besides View. `Inserting` and `Removing` come before, the others after the
 /// change. Parent Nothing = top level.
 class TreeListener {
 public:
     virtual ~TreeListener() = default;
-    virtual void NodesReset() = 0; ///< everything may be different: Clear, mass loading, sorting
+    virtual void NodesReset() = 0;  ///< everything may be different: Clear, mass loading, sorting
     virtual void NodeInserting(const Node& parent, std::int32_t position) = 0;
     virtual void NodeInserted(const Node& node) = 0;
-    virtual void NodeRemoving(const Node& node) = 0; ///< with its subtree
+    virtual void NodeRemoving(const Node& node) = 0;  ///< with its subtree
     virtual void NodeRemoved(const Node& parent, std::int32_t position) = 0;
-    virtual void NodeChanged(const Node& node) = 0;  ///< text, colour, bold, check
-    virtual void NodeExpanded(const Node& node) = 0; ///< or collapsed
+    virtual void NodeChanged(const Node& node) = 0;   ///< text, colour, bold, check
+    virtual void NodeExpanded(const Node& node) = 0;  ///< or collapsed
     virtual void SelectionChanged(const Node& node) = 0;
     virtual void EnsureVisible(const Node& node) = 0;
-    virtual void EditStarted(const Node& node) = 0; ///< show an editor with EditText(), all of it marked
-    virtual void EditEnded(const Node& node) = 0;   ///< take the editor away; handlers run after this
+    virtual void EditStarted(const Node& node) = 0;  ///< show an editor with EditText(), all of it marked
+    virtual void EditEnded(const Node& node) = 0;    ///< take the editor away; handlers run after this
 };
 
 /// A tree of texts, made for a million nodes: a node takes some 40 bytes, look-up by key included less than 64.
@@ -66,19 +66,21 @@ public:
     /// As AddChild, but a part that a sibling has gives Nothing instead of an error.
     Node TryAddChild(const Node& parent, std::string_view part, std::string_view text);
 
-    void Remove(const Node& node);     ///< with its subtree; a selection inside moves to a neighbour or the parent
-    void Remove(std::string_view key); ///< @throws basic::Error 35601
+    void Remove(const Node& node);      ///< with its subtree; a selection inside moves to a neighbour or the parent
+    void Remove(std::string_view key);  ///< @throws basic::Error 35601
     void Clear();
     std::int32_t Count() const { return store_.Count(); }
     /// In the order of creation, from 1. @throws basic::Error 35600
     Node Item(std::int32_t index);
-    Node Item(std::string_view key); ///< @throws basic::Error 35601: no such key
-    Node Find(std::string_view key); ///< Nothing when there is none
+    Node Item(std::string_view key);  ///< @throws basic::Error 35601: no such key
+    Node Find(std::string_view key);  ///< Nothing when there is none
     /// Child whose own part of the key is this; Nothing when there is none.
     Node FindChild(const Node& parent, std::string_view part);
-    Node FirstTop(); ///< first top node, Nothing in an empty tree
+    Node FirstTop();  ///< first top node, Nothing in an empty tree
     std::int32_t TopCount() const;
     Node TopAt(std::int32_t position);
+    Node NextVisible(const Node& node);      ///< the line below, going by what is expanded; Nothing at the end
+    Node PreviousVisible(const Node& node);  ///< the line above
 
     /// Between the two a window hears nothing but one NodesReset at the end. They nest.
     void BeginLoad();
@@ -97,7 +99,7 @@ public:
 
     // --- selection ---
 
-    Node SelectedItem(); ///< Nothing when none is
+    Node SelectedItem();  ///< Nothing when none is
     /// Raises no event; opens what is above the node. @param node  Nothing = no selection
     void SetSelectedItem(const Node& node);
 
@@ -119,7 +121,7 @@ public:
     // --- look ---
 
     bool Sorted() const { return store_.Sorted(TreeStore::kNone); }
-    void SetSorted(bool sorted); ///< top nodes: as Node::SetSorted
+    void SetSorted(bool sorted);  ///< top nodes: as Node::SetSorted
     bool CheckBoxes() const { return checkBoxes_; }
     void SetCheckBoxes(bool checkBoxes);
     const std::string& PathSeparator() const { return pathSeparator_; }
@@ -143,21 +145,23 @@ public:
     /// The keyboard moved the selection: NodeClick, Click.
     void UserMoveTo(const Node& node);
     void UserExpand(const Node& node, bool expanded);
-    void UserCheck(const Node& node, bool checked); ///< raises NodeCheck
-    void UserStartEdit();                           ///< F2 or a second click, unless LabelEdit is manual
+    void UserCheck(const Node& node, bool checked);  ///< raises NodeCheck
+    void UserStartEdit();                            ///< F2 or a second click, unless LabelEdit is manual
     void UserEditText(std::string_view text, std::int32_t selStart, std::int32_t selLength = 0);
     /// Enter or focus loss (accept), Esc (not). AfterLabelEdit comes for accept only.
     void UserEndEdit(bool accept);
     bool DefaultKeyDown(std::int16_t keyCode, std::int16_t shift) override;
     bool DefaultKeyPress(std::int32_t key) override;
 
-    ui::Event<Node&> NodeClick; ///< the user's selections only; Click follows
+    ui::Event<Node&> NodeClick;  ///< the user's selections only; Click follows
     ui::Event<Node&> NodeCheck, Expand, Collapse;
-    ui::Event<bool&> BeforeLabelEdit; ///< set true: no edit
+    ui::Event<bool&> BeforeLabelEdit;  ///< set true: no edit
     /// Text typed: a handler may change it; set the first true to keep the old one. The node still has its old text.
     ui::Event<bool&, std::string&> AfterLabelEdit;
 
 protected:
+    Color DrawnBackColor() const override { return kColorWindow; }
+    Color DrawnForeColor() const override { return kColorWindowText; }
     void FocusGained() override;
     void FocusLosing() override;
 
@@ -165,11 +169,16 @@ private:
     friend class Node;
     Node Handle(std::uint32_t id) { return id == TreeStore::kNone ? Node{} : Node{this, id, epoch_}; }
     bool IsThere(const Node& node) const;
-    std::uint32_t IdOf(const Node& node) const; // @throws 91, 35605, 5: of another tree
-    Node Insert(std::uint32_t parent, std::uint32_t before, std::string_view key, std::string_view text);
+    std::uint32_t IdOf(const Node& node) const;  // @throws 91, 35605, 5: of another tree
+    void CheckKey(std::string_view key) const;   // @throws 35602, 35603
+    Node Place(const Node& relative, TreeRelationship relationship, std::string_view key, std::string_view text);
+    void SelectFromUser(const Node& node);
+    void StopEdit();
+    void Open(std::uint32_t id, bool expanded);
+    bool OpenAbove(std::uint32_t id);
+    void TellChanged(const Node& node) { Tell(&TreeListener::NodeChanged, node); }
     void BeginEdit(std::string_view offered, bool withOffer);
     void Tell(void (TreeListener::*what)(const Node&), const Node& node);
-    void UserSelected(const Node& node);
 
     TreeStore store_;
     TreeListener* listener_ = nullptr;
@@ -181,4 +190,4 @@ private:
     std::string pathSeparator_ = "\\";
 };
 
-} // namespace kvx::ui
+}  // namespace kvx::ui

@@ -8,15 +8,15 @@ namespace kvx::ui {
 /// for changes of single rows.
 enum class Change : std::uint8_t {
     Text,
-    Selection, ///< caret and marked text; selected item of a list
-    Enabled,   ///< own or container's
-    Visible,   ///< own or container's
+    Selection,  ///< caret and marked text; selected item of a list
+    Enabled,    ///< own or container's
+    Visible,    ///< own or container's
     Geometry,
     Colour,
     Items,
     Value,
     Focus,
-    Look, ///< anything else that is seen: caption, alignment, locked, tool tip, pointer, default button ...
+    Look,  ///< anything else that is seen: caption, alignment, locked, tool tip, pointer, default button ...
 };
 
 /// The window side of a control or form. The control calls it after the change; it only reads, and never calls back
@@ -29,4 +29,4 @@ public:
     virtual void Gone() {}
 };
 
-} // namespace kvx::ui
+}  // namespace kvx::ui

@@ -1,0 +1,120 @@
+#include "ui/DataControl.h"
+
+#include "ui/DataGrid.h"
+#include "ui/MemberRows.h"
+
+namespace kvx::ui {
+
+DataControl::DataControl(Form& form, std::string_view name) : ControlOf(form, name)
+{
+    Reset();
+}
+
+DataControl::~DataControl()
+{
+    while (!grids_.empty())
+        grids_.back()->SetDataSource(nullptr);
+    Drop();
+}
+
+const basic::MemberTable<DataControl>& DataControl::Members()
+{
+    using namespace rows;
+    using T = DataControl;
+    static constexpr basic::Member<T> kRows[] = {
+        ReadWrite<T, &T::ConnectionString, &T::SetConnectionString>("ConnectionString"),
+        ReadWrite<T, &T::RecordSource, &T::SetRecordSource>("RecordSource"),
+        {.name = "Recordset", .get = [](T& data, Args) { return Variant(data.Recordset().AsObject()); }},
+        Method<T, &T::Refresh>("Refresh"),
+    };
+    static constexpr basic::MemberTable<T> kTable{"Adodc", kRows};
+    return kTable;
+}
+
+void DataControl::Reset()
+{
+    Control::Reset();
+    Drop();
+    connection_ = {};
+    connectionString_.clear();
+    recordSource_.clear();
+    openedWith_.clear();
+    commandType_ = ado::adCmdUnknown;
+    cursorType_ = ado::adOpenStatic;
+    cursorLocation_ = ado::adUseClient;
+    lockType_ = ado::adLockOptimistic;
+}
+
+void DataControl::SetConnectionString(std::string_view text)
+{
+    connectionString_ = text;
+}
+
+void DataControl::Attach()
+{
+    hook_ = recordset_.AddMoveComplete([this] { Moved(); });
+    hooked_ = true;
+}
+
+void DataControl::Detach()
+{
+    if (hooked_) recordset_.RemoveMoveComplete(hook_);
+    hooked_ = false;
+}
+
+// Lets the recordset go; what was being edited is lost.
+void DataControl::Drop()
+{
+    Detach();
+    if (own_ && recordset_.State() == ado::adStateOpen) {
+        if (recordset_.EditMode() != ado::adEditNone) recordset_.CancelUpdate();
+        recordset_.Close();
+    }
+    own_ = false;
+    recordset_ = {};
+}
+
+void DataControl::Moved()
+{
+    for (DataGrid* grid : grids_)
+        grid->RowMoved();
+    MoveComplete.Raise();
+}
+
+void DataControl::SetRecordset(const ado::Recordset& recordset)
+{
+    const ado::Recordset next = recordset;  // may be a handle of the one that is dropped
+    if (!(next == recordset_)) Drop();
+    Detach();
+    recordset_ = next;
+    for (DataGrid* grid : grids_)
+        grid->ReBind();
+    Attach();
+    MoveComplete.Raise();
+}
+
+void DataControl::Refresh()
+{
+    Drop();
+    try {
+        if (connection_.State() != ado::adStateOpen || openedWith_ != connectionString_) {
+            connection_ = {};
+            connection_.Open(connectionString_);
+            openedWith_ = connectionString_;
+        }
+        recordset_.SetCursorLocation(cursorLocation_);
+        recordset_.Open(recordSource_, connection_, cursorType_, lockType_, commandType_);
+        own_ = true;
+    } catch (...) {
+        recordset_ = {};
+        for (DataGrid* grid : grids_)
+            grid->ReBind();
+        throw;
+    }
+    for (DataGrid* grid : grids_)
+        grid->ReBind();
+    Attach();
+    MoveComplete.Raise();
+}
+
+}  // namespace kvx::ui
