@@ -57,7 +57,7 @@ std::string Quoted(std::string_view value)
     return text + quote;
 }
 
-} // namespace
+}  // namespace
 
 ConnectionProperties::ConnectionProperties(std::string_view connectionString)
 {
@@ -69,7 +69,7 @@ ConnectionProperties::ConnectionProperties(std::string_view connectionString)
         std::string value;
         if (position < connectionString.size() && connectionString[position] == '=')
             value = ReadValue(connectionString, ++position);
-        ++position; // the ";"
+        ++position;  // the ";"
         if (!name.empty()) Set(name, value);
     }
 }
@@ -100,14 +100,15 @@ void ConnectionProperties::Set(std::string_view name, std::string_view value)
 std::string ConnectionProperties::ToString(std::initializer_list<std::string_view> without) const
 {
     std::string text;
-    for (const auto& [name, value] : parts_) {
-        const bool left =
-            std::ranges::any_of(without, [&](std::string_view other) { return basic::SameName(name, other); });
-        if (left) continue;
+    for (const auto& part : parts_) {
+        const std::string& name = part.first;
+        const std::string& value = part.second;
+        if (std::ranges::any_of(without, [&](std::string_view other) { return basic::SameName(name, other); }))
+            continue;
         if (!text.empty()) text += ';';
         text += name + '=' + (NeedsQuotes(value) ? Quoted(value) : value);
     }
     return text;
 }
 
-} // namespace kvx::ado
+}  // namespace kvx::ado
