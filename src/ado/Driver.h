@@ -30,7 +30,7 @@ struct ColumnInfo {
     bool autoIncrement = false; ///< the engine counts it up; after an insert it reads as the key that WriteRow gave
 };
 
-/// One value of the current row; a view, good until the next Step.
+/// One value of the current row; a view, good until the next Step. Text of char(n) comes padded with blanks to n.
 struct Cell {
     enum class Kind : std::uint8_t { Null, Integer, Real, Text };
     Kind kind = Kind::Null;
