@@ -167,6 +167,7 @@ private:
     Control* active_ = nullptr;
     Control* announced_ = nullptr;  // the control that GotFocus was raised for
     bool designed_ = false;         // the size from Design is known
+    bool keyDownMovedFocus_ = false;  // by the key whose character comes next
     bool opened_ = false;           // FormResize has told the first size
     std::exception_ptr failure_;
     std::shared_ptr<basic::Object> object_;

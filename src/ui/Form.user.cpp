@@ -5,6 +5,7 @@
 #include "ui/Desktop.h"
 
 #include <algorithm>
+#include <utility>
 
 // What the user does to a form: focus, keys, closing.
 namespace kvx::ui {
@@ -57,6 +58,7 @@ bool Form::UserTab(bool backwards)
 
 bool Form::UserKeyDown(std::int16_t keyCode, std::int16_t shift)
 {
+    keyDownMovedFocus_ = false;
     if (!TakesInput() || active_ == nullptr) return false;
     if (active_->CapturesKeys()) return true;
     if (keyCode == vbKeyTab && (shift & (vbCtrlMask | vbAltMask)) == 0 && NextInTabOrder(active_, false) != nullptr) {
@@ -65,7 +67,9 @@ bool Form::UserKeyDown(std::int16_t keyCode, std::int16_t shift)
     }
     if (shift == 0 && (keyCode == vbKeyReturn || keyCode == vbKeyEscape) && PressedBy(keyCode) != nullptr)
         return false;  // a button takes the key; it is pressed with the character
+    const Control* before = active_;
     Protect([&] { active_->KeyDown.Raise(keyCode, shift); });
+    keyDownMovedFocus_ = active_ != before;
     return keyCode != 0 && visible_;
 }
 
@@ -81,7 +85,9 @@ std::int32_t Form::UserKeyPress(std::int32_t key)
 {
     if (!TakesInput() || active_ == nullptr) return 0;
     if (active_->CapturesKeys()) return key;
-    if (Button* button = PressedBy(key); button != nullptr) {
+    // A key that has just moved the focus to a button does not press it as well: the user sees where he is first.
+    const bool justMoved = std::exchange(keyDownMovedFocus_, false);
+    if (Button* button = PressedBy(key); button != nullptr && !(justMoved && button == active_)) {
         // The key presses the button from where the user is: no focus moves, so no box is validated or saved.
         Protect([&] { button->UserClick(); });
         return 0;
