@@ -92,7 +92,7 @@ protected:
     }
 };
 
-} // namespace
+}  // namespace
 
 std::int32_t ShowMessageBox(QWidget* parent, ButtonLanguage language, const QString& prompt, std::int32_t flags,
                             const QString& title)
@@ -159,4 +159,4 @@ QPushButton* MessageBoxButton(const QWidget& messageBox, std::int32_t answer)
     return nullptr;
 }
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

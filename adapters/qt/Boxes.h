@@ -25,4 +25,4 @@ QString ShowInputBox(QWidget* parent, ButtonLanguage language, const QString& pr
 /// The button that answers so, of a message box made here; used by scripted users. nullptr: it has none
 QPushButton* MessageBoxButton(const QWidget& messageBox, std::int32_t answer);
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

@@ -25,12 +25,12 @@ public:
         QObject::connect(button_, &QAbstractButton::clicked, &window, [this] { ClickAfterMessage(); });
     }
 
-    bool DoubleClicks() const override { return false; } // a quick second click is a click
+    bool DoubleClicks() const override { return false; }  // a quick second click is a click
     void ClickAfterMessage() override
     {
         Act([this] { control_.UserClick(); });
         if (Model() != nullptr)
-            Changed(ui::Change::Value); // the widget has toggled by itself, the control may not have
+            Changed(ui::Change::Value);  // the widget has toggled by itself, the control may not have
     }
 
 protected:
@@ -77,14 +77,14 @@ class OptionView final : public ButtonView<ui::OptionButton, QRadioButton> {
 public:
     OptionView(FormWindow& window, ui::OptionButton& button, QWidget* parent) : ButtonView(window, button, parent)
     {
-        button_->setAutoExclusive(false); // the control switches its neighbours off
+        button_->setAutoExclusive(false);  // the control switches its neighbours off
     }
 
 protected:
     void ShowValue() override { button_->setChecked(control_.Value()); }
 };
 
-} // namespace
+}  // namespace
 
 std::unique_ptr<ControlView> MakeButtonView(FormWindow& window, ui::Control& control, QWidget* parent)
 {
@@ -95,4 +95,4 @@ std::unique_ptr<ControlView> MakeButtonView(FormWindow& window, ui::Control& con
     return nullptr;
 }
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

@@ -3,6 +3,7 @@
 #include "adapters/qt/Positions.h"
 #include "adapters/qt/Strings.h"
 #include "basic/Convert.h"
+#include "basic/Locale.h"
 #include "ui/ComboBox.h"
 #include "ui/DTPicker.h"
 
@@ -66,7 +67,7 @@ public:
         window.Watch(box_, this);
         QObject::connect(box_, &QComboBox::activated, &window, [this](int index) {
             Act([this, index] { combo_.UserPick(index); });
-            Changed(ui::Change::Selection); // a locked box shows its own choice again
+            Changed(ui::Change::Selection);  // a locked box shows its own choice again
         });
         box_->beforePopup = [this] {
             Act([this] { combo_.DropDown.Raise(); });
@@ -212,15 +213,16 @@ private:
         switch (picker_.Format()) {
         case ui::dtpCustom: return ToQt(picker_.CustomFormat());
         case ui::dtpTime: return QStringLiteral("HH:mm:ss");
-        case ui::dtpShortDate: return Window().locale().dateFormat(QLocale::ShortFormat);
-        default: return Window().locale().dateFormat(QLocale::LongFormat);
+        case ui::dtpShortDate:
+            return ToQt(basic::CurrentLocale().shortDateMask).replace(QLatin1Char('m'), QLatin1Char('M'));
+        default: return ToQt(basic::CurrentLocale().longDateMask).replace(QLatin1Char('m'), QLatin1Char('M'));
         }
     }
 
     void Edited(QDate date)
     {
         if (showing_ || Model() == nullptr) return;
-        basic::DateParts parts = basic::PartsOf(picker_.Value()); // the time of day stays
+        basic::DateParts parts = basic::PartsOf(picker_.Value());  // the time of day stays
         parts.year = date.year();
         parts.month = date.month();
         parts.day = date.day();
@@ -231,7 +233,7 @@ private:
     QuietDate* box_;
 };
 
-} // namespace
+}  // namespace
 
 std::unique_ptr<ControlView> MakeChoiceView(FormWindow& window, ui::Control& control, QWidget* parent)
 {
@@ -241,4 +243,4 @@ std::unique_ptr<ControlView> MakeChoiceView(FormWindow& window, ui::Control& con
     return nullptr;
 }
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

@@ -19,7 +19,13 @@ QColor ToQtColor(ui::Color color, const QPalette& palette)
     case ui::kColorWindowText: return palette.color(QPalette::Active, QPalette::Text);
     case ui::kColorHighlight: return palette.color(QPalette::Active, QPalette::Highlight);
     case ui::kColorHighlightText: return palette.color(QPalette::Active, QPalette::HighlightedText);
-    case ui::kColorGrayText: return palette.color(QPalette::Disabled, QPalette::Text);
+    case ui::kColorGrayText: {
+        // Grey, but to be read: the styles' own grey of disabled text is paler than foresters' screens allow.
+        const QColor text = palette.color(QPalette::Active, QPalette::Text);
+        const QColor base = palette.color(QPalette::Active, QPalette::Base);
+        return QColor((text.red() + base.red()) / 2, (text.green() + base.green()) / 2,
+                      (text.blue() + base.blue()) / 2);
+    }
     case ui::kColorButtonText: return palette.color(QPalette::Active, QPalette::ButtonText);
     default: break;
     }
@@ -123,6 +129,11 @@ void ControlView::ApplyColours()
     widget_->setPalette(palette);
 }
 
+void ControlView::DoubleClicked(const QMouseEvent&)
+{
+    Act([this] { control_->UserDblClick(); });
+}
+
 void ControlView::Act(const std::function<void()>& action)
 {
     window_.Act(action);
@@ -136,4 +147,4 @@ std::unique_ptr<ControlView> MakeView(FormWindow& window, ui::Control& control, 
     return nullptr;
 }
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

@@ -52,13 +52,15 @@ public:
     /// Pressing and releasing the mouse here is a click, and the widget itself does not tell it.
     virtual bool ClicksByMouse() const { return false; }
     virtual bool DoubleClicks() const { return true; }
+    /// @param event  the second press, in the widget that it came to
+    virtual void DoubleClicked(const QMouseEvent& event);
     /// What the press of the mouse would have done; used when a message box came between press and release.
     virtual void ClickAfterMessage() {}
 
     /// Brings the widget in line with what changed since the last time.
     void ShowChanges();
     bool HasChanges() const { return dirty_ != 0; }
-    void Place(); ///< position and size
+    void Place();  ///< position and size
 
     /// What stands left of it or ahead of it as its label; for screen readers.
     void SetAccessibleName(const QString& name);
@@ -82,7 +84,7 @@ protected:
     /// Runs what a user did, then shows what came of it.
     void Act(const std::function<void()>& action);
 
-    bool showing_ = false; ///< what the widget signals now is our own doing
+    bool showing_ = false;  ///< what the widget signals now is our own doing
 
 private:
     FormWindow& window_;
@@ -103,4 +105,4 @@ std::unique_ptr<ControlView> MakeListView(FormWindow& window, ui::Control& contr
 std::unique_ptr<ControlView> MakeGridView(FormWindow& window, ui::Control& control, QWidget* parent);
 std::unique_ptr<ControlView> MakeTreeView(FormWindow& window, ui::Control& control, QWidget* parent);
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

@@ -43,7 +43,7 @@ bool SamePage(const ui::Control& a, const ui::Control& b)
     return a.Container() == b.Container() && a.ContainerTab() == b.ContainerTab();
 }
 
-} // namespace
+}  // namespace
 
 FormWindow::FormWindow(QtDesktop& desktop, ui::Form& form, QWidget* owner)
     : QDialog(owner), desktop_(desktop), form_(&form), scale_(desktop.Font())
@@ -145,7 +145,7 @@ void FormWindow::Detach()
     viewOf_.clear();
     hide();
     if (loop_ != nullptr) loop_->quit();
-    deleteLater(); // a handler of one of its widgets may be running
+    deleteLater();  // a handler of one of its widgets may be running
 }
 
 void FormWindow::Gone()
@@ -245,7 +245,7 @@ void FormWindow::LabelControls()
         auto* label = dynamic_cast<ui::Label*>(view->Model());
         auto* shown = qobject_cast<QLabel*>(view->Widget());
         if (label == nullptr || shown == nullptr || label->Caption().empty()) continue;
-        view->Place(); // its neighbours may have moved
+        view->Place();  // its neighbours may have moved
         const ControlView* best = nullptr;
         std::int64_t bestDistance = 0;
         for (const auto& other : views_) {
@@ -363,4 +363,4 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event)
     }
 }
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

@@ -55,7 +55,7 @@ public:
 
     void Changed(ui::Change what) override;
     void Gone() override;
-    void reject() override; // Esc that nobody wanted: the form's cancel button has had its chance
+    void reject() override;  // Esc that nobody wanted: the form's cancel button has had its chance
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -98,16 +98,16 @@ private:
     QHash<const ui::Control*, ControlView*> viewOf_;
     QHash<const QObject*, ControlView*> watched_;
     QEventLoop* loop_ = nullptr;
-    int acting_ = 0; // actions of the user that run now, nested
+    int acting_ = 0;  // actions of the user that run now, nested
     bool changesPosted_ = false, anyChanges_ = false, formDirty_ = true;
-    bool syncing_ = false;   // focus and size change by our own hand
-    bool ctrlAlone_ = false; // Ctrl is down and nothing else has been since
-    bool native_ = false;    // a key event of our own making: straight to the widget
+    bool syncing_ = false;    // focus and size change by our own hand
+    bool ctrlAlone_ = false;  // Ctrl is down and nothing else has been since
+    bool native_ = false;     // a key event of our own making: straight to the widget
     bool swallowRelease_ = false;
     QPoint pressedAt_;
     ControlView* pressed_ = nullptr;
     bool dragging_ = false;
-    QSize shownSize_; // as the form wants it
+    QSize shownSize_;  // as the form wants it
 };
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

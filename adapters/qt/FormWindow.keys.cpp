@@ -44,11 +44,9 @@ bool FormWindow::KeyPressed(QKeyEvent& event, ControlView* at)
         return true;
     }
     if (alt && !ctrl && key > Qt::Key_Space && key < Qt::Key_Escape) {
-        bool found = false;
-        Act([&] { found = form_->UserMnemonic(static_cast<char32_t>(key)); });
-        if (found) return true;
+        Act([&] { form_->UserMnemonic(static_cast<char32_t>(key)); });
+        return true;
     }
-    if (at != nullptr && at->EditsText() && IsClipboardKey(event)) return false;
     if (at != nullptr && at->HandlesKey(event)) return true;
 
     const std::int16_t code = KeyCodeOf(event);
@@ -56,6 +54,8 @@ bool FormWindow::KeyPressed(QKeyEvent& event, ControlView* at)
     bool reacts = true;
     if (code != 0) Act([&] { reacts = form_->UserKeyDown(code, shift); });
     if (form_ == nullptr || !form_->Visible()) return true;
+    if (at != nullptr && at->EditsText() && IsClipboardKey(event))
+        return !reacts || form_->ActiveControl() != at->Model();
 
     const std::vector<std::int32_t> characters = CharactersOf(event);
     if (characters.empty() || alt) {
@@ -140,4 +140,4 @@ bool FormWindow::TextComposed(QInputMethodEvent& event, ControlView* at)
     return false;
 }
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

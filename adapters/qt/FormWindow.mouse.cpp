@@ -31,7 +31,7 @@ bool MayBeDragged(const ui::Control& control)
     return kind == "ListBox" || kind == "ListView" || kind == "TreeView";
 }
 
-} // namespace
+}  // namespace
 
 QPoint FormWindow::TwipsWithin(const QMouseEvent& event, const ControlView& view) const
 {
@@ -61,7 +61,7 @@ bool FormWindow::MousePressed(QMouseEvent& event, ControlView& view, bool double
         return true;
     }
     if (doubleClick && view.DoubleClicks() && event.button() == Qt::LeftButton) {
-        Act([&] { control->UserDblClick(); });
+        view.DoubleClicked(event);
         return true;
     }
     swallowRelease_ = false;
@@ -131,4 +131,4 @@ void FormWindow::FocusCame(ControlView& view, Qt::FocusReason reason)
     });
 }
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

@@ -13,12 +13,25 @@
 namespace kvx::adapters::qt {
 namespace {
 
-constexpr int kMargin = 4; // between a cell's edge and its text
-constexpr int kEdge = 4;   // reach of the mouse around the edge of a column's head
+constexpr int kMargin = 4;  // between a cell's edge and its text
+constexpr int kEdge = 4;    // reach of the mouse around the edge of a column's head
 
-} // namespace
+// What a grid shows whose control is gone.
+class NoSource final : public GridSource {
+public:
+    int Rows() const override { return 0; }
+    int Columns() const override { return 0; }
+    int ColumnWidth(int) const override { return 1; }
+    int RowHeight(int) const override { return 1; }
+    bool HasFocusFrame(int, int) const override { return false; }
+    GridCell Cell(int, int) const override { return {}; }
+    int CurrentRow() const override { return -1; }
+    void Pressed(int, int, Qt::KeyboardModifiers) override {}
+};
 
-GridArea::GridArea(GridSource& source, QWidget* parent) : QAbstractScrollArea(parent), source_(source)
+}  // namespace
+
+GridArea::GridArea(GridSource& source, QWidget* parent) : QAbstractScrollArea(parent), source_(&source)
 {
     viewport()->setBackgroundRole(QPalette::Base);
     viewport()->setMouseTracking(true);
@@ -26,120 +39,128 @@ GridArea::GridArea(GridSource& source, QWidget* parent) : QAbstractScrollArea(pa
     setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
 }
 
+void GridArea::SourceGone()
+{
+    static NoSource nothing;
+    source_ = &nothing;
+    resizing_ = -1;
+}
+
 // --- geometry
 
 int GridArea::FixedWidth() const
 {
     int width = 0;
-    for (int column = 0; column < source_.FixedColumns(); ++column)
-        width += source_.ColumnWidth(column);
+    for (int column = 0; column < source_->FixedColumns(); ++column)
+        width += source_->ColumnWidth(column);
     return width;
 }
 
 int GridArea::FixedHeight() const
 {
     int height = 0;
-    for (int row = 0; row < source_.FixedRows(); ++row)
-        height += source_.RowHeight(row);
+    for (int row = 0; row < source_->FixedRows(); ++row)
+        height += source_->RowHeight(row);
     return height;
 }
 
 int GridArea::TopRow() const
 {
-    return source_.FixedRows() + verticalScrollBar()->value();
+    return source_->FixedRows() + verticalScrollBar()->value();
 }
 
 int GridArea::LeftColumn() const
 {
-    return source_.ScrollsByColumn() ? source_.FixedColumns() + horizontalScrollBar()->value() : source_.FixedColumns();
+    return source_->ScrollsByColumn() ? source_->FixedColumns() + horizontalScrollBar()->value()
+                                      : source_->FixedColumns();
 }
 
 int GridArea::ContentWidth() const
 {
     int width = 0;
-    for (int column = source_.FixedColumns(); column < source_.Columns(); ++column)
-        width += source_.ColumnWidth(column);
+    for (int column = source_->FixedColumns(); column < source_->Columns(); ++column)
+        width += source_->ColumnWidth(column);
     return width;
 }
 
 int GridArea::ColumnLeft(int column) const
 {
     int x = 0;
-    if (column < source_.FixedColumns()) {
+    if (column < source_->FixedColumns()) {
         for (int i = 0; i < column; ++i)
-            x += source_.ColumnWidth(i);
+            x += source_->ColumnWidth(i);
         return x;
     }
     x = FixedWidth();
-    if (!source_.ScrollsByColumn()) x -= horizontalScrollBar()->value();
+    if (!source_->ScrollsByColumn()) x -= horizontalScrollBar()->value();
     for (int i = LeftColumn(); i < column; ++i)
-        x += source_.ColumnWidth(i);
+        x += source_->ColumnWidth(i);
     for (int i = column; i < LeftColumn(); ++i)
-        x -= source_.ColumnWidth(i);
+        x -= source_->ColumnWidth(i);
     return x;
 }
 
 int GridArea::RowTop(int row) const
 {
     int y = 0;
-    if (row < source_.FixedRows()) {
+    if (row < source_->FixedRows()) {
         for (int i = 0; i < row; ++i)
-            y += source_.RowHeight(i);
+            y += source_->RowHeight(i);
         return y;
     }
     y = FixedHeight();
     const int top = TopRow();
-    if (source_.UniformRows()) return y + (row - top) * source_.RowHeight(row);
+    if (source_->UniformRows()) return y + (row - top) * source_->RowHeight(row);
     for (int i = top; i < row; ++i)
-        y += source_.RowHeight(i);
+        y += source_->RowHeight(i);
     for (int i = row; i < top; ++i)
-        y -= source_.RowHeight(i);
+        y -= source_->RowHeight(i);
     return y;
 }
 
 // The row that stands on top when the last one is just in sight.
 int GridArea::LastTopRow() const
 {
-    const int rows = source_.Rows();
-    const int fixed = source_.FixedRows();
+    const int rows = source_->Rows();
+    const int fixed = source_->FixedRows();
     if (rows <= fixed) return fixed;
     int room = viewport()->height() - FixedHeight();
-    if (source_.UniformRows()) {
-        const int page = std::max(1, room / std::max(1, source_.RowHeight(fixed)));
+    if (source_->UniformRows()) {
+        const int page = std::max(1, room / std::max(1, source_->RowHeight(fixed)));
         return std::max(fixed, rows - page);
     }
     int row = rows;
-    while (row > fixed && room >= source_.RowHeight(row - 1))
-        room -= source_.RowHeight(--row);
+    while (row > fixed && room >= source_->RowHeight(row - 1))
+        room -= source_->RowHeight(--row);
     return std::clamp(row, fixed, rows - 1);
 }
 
 int GridArea::LastLeftColumn() const
 {
-    const int fixed = source_.FixedColumns();
+    const int fixed = source_->FixedColumns();
     int room = viewport()->width() - FixedWidth();
-    int column = source_.Columns();
-    while (column > fixed && room >= source_.ColumnWidth(column - 1))
-        room -= source_.ColumnWidth(--column);
-    return std::clamp(column, fixed, std::max(fixed, source_.Columns() - 1));
+    int column = source_->Columns();
+    while (column > fixed && room >= source_->ColumnWidth(column - 1))
+        room -= source_->ColumnWidth(--column);
+    return std::clamp(column, fixed, std::max(fixed, source_->Columns() - 1));
 }
 
 int GridArea::RowsPerPage() const
 {
-    const int row = std::min(source_.FixedRows(), source_.Rows() - 1);
-    const int height = row < 0 ? fontMetrics().height() : std::max(1, source_.RowHeight(row));
+    const int row = std::min(source_->FixedRows(), source_->Rows() - 1);
+    const int height = row < 0 ? fontMetrics().height() : std::max(1, source_->RowHeight(row));
     return std::max(1, (viewport()->height() - FixedHeight()) / height);
 }
 
 void GridArea::Relayout()
 {
     QScrollBar* down = verticalScrollBar();
-    down->setRange(0, LastTopRow() - source_.FixedRows());
+    down->setRange(0, LastTopRow() - source_->FixedRows());
     down->setPageStep(RowsPerPage());
     down->setSingleStep(1);
     QScrollBar* across = horizontalScrollBar();
-    if (source_.ScrollsByColumn()) {
-        across->setRange(0, LastLeftColumn() - source_.FixedColumns());
+    if (source_->ScrollsByColumn()) {
+        across->setRange(0, LastLeftColumn() - source_->FixedColumns());
         across->setPageStep(1);
     } else {
         const int room = viewport()->width() - FixedWidth();
@@ -152,23 +173,23 @@ void GridArea::Relayout()
 
 void GridArea::ScrollToRow(int row)
 {
-    verticalScrollBar()->setValue(row - source_.FixedRows());
+    verticalScrollBar()->setValue(row - source_->FixedRows());
 }
 
 void GridArea::ScrollToColumn(int column)
 {
-    if (source_.ScrollsByColumn()) horizontalScrollBar()->setValue(column - source_.FixedColumns());
+    if (source_->ScrollsByColumn()) horizontalScrollBar()->setValue(column - source_->FixedColumns());
 }
 
 void GridArea::ShowRow(int row)
 {
-    if (row < source_.FixedRows() || row >= source_.Rows()) return;
+    if (row < source_->FixedRows() || row >= source_->Rows()) return;
     if (row < TopRow()) {
         ScrollToRow(row);
         return;
     }
-    while (row > TopRow() && RowTop(row) + source_.RowHeight(row) > viewport()->height()) {
-        const int below = source_.UniformRows() ? std::max(1, row - TopRow() - RowsPerPage() + 1) : 1;
+    while (row > TopRow() && RowTop(row) + source_->RowHeight(row) > viewport()->height()) {
+        const int below = source_->UniformRows() ? std::max(1, row - TopRow() - RowsPerPage() + 1) : 1;
         const int before = TopRow();
         ScrollToRow(before + below);
         if (TopRow() == before) return;
@@ -177,12 +198,12 @@ void GridArea::ShowRow(int row)
 
 void GridArea::ShowColumn(int column)
 {
-    if (column < source_.FixedColumns() || column >= source_.Columns()) return;
+    if (column < source_->FixedColumns() || column >= source_->Columns()) return;
     const int left = ColumnLeft(column);
-    const int right = left + source_.ColumnWidth(column);
-    if (source_.ScrollsByColumn()) {
+    const int right = left + source_->ColumnWidth(column);
+    if (source_->ScrollsByColumn()) {
         if (column < LeftColumn()) ScrollToColumn(column);
-        while (column > LeftColumn() && ColumnLeft(column) + source_.ColumnWidth(column) > viewport()->width()) {
+        while (column > LeftColumn() && ColumnLeft(column) + source_->ColumnWidth(column) > viewport()->width()) {
             const int before = LeftColumn();
             ScrollToColumn(before + 1);
             if (LeftColumn() == before) return;
@@ -197,28 +218,28 @@ void GridArea::ShowColumn(int column)
 
 QRect GridArea::CellRect(int row, int column) const
 {
-    const bool rowIn = row < source_.FixedRows() || row >= TopRow();
-    const bool columnIn = column < source_.FixedColumns() || column >= LeftColumn();
+    const bool rowIn = row < source_->FixedRows() || row >= TopRow();
+    const bool columnIn = column < source_->FixedColumns() || column >= LeftColumn();
     if (!rowIn || !columnIn) return {};
-    return {ColumnLeft(column), RowTop(row), source_.ColumnWidth(column), source_.RowHeight(row)};
+    return {ColumnLeft(column), RowTop(row), source_->ColumnWidth(column), source_->RowHeight(row)};
 }
 
 int GridArea::RowAt(int y) const
 {
-    const int rows = source_.Rows();
+    const int rows = source_->Rows();
     if (y < 0) return -1;
     int top = 0;
-    for (int row = 0; row < source_.FixedRows() && row < rows; ++row) {
-        top += source_.RowHeight(row);
+    for (int row = 0; row < source_->FixedRows() && row < rows; ++row) {
+        top += source_->RowHeight(row);
         if (y < top) return row;
     }
-    if (rows <= source_.FixedRows()) return -1;
-    if (source_.UniformRows()) {
-        const int row = TopRow() + (y - top) / std::max(1, source_.RowHeight(source_.FixedRows()));
+    if (rows <= source_->FixedRows()) return -1;
+    if (source_->UniformRows()) {
+        const int row = TopRow() + (y - top) / std::max(1, source_->RowHeight(source_->FixedRows()));
         return row < rows ? row : -1;
     }
     for (int row = TopRow(); row < rows && top <= viewport()->height(); ++row) {
-        top += source_.RowHeight(row);
+        top += source_->RowHeight(row);
         if (y < top) return row;
     }
     return -1;
@@ -226,18 +247,18 @@ int GridArea::RowAt(int y) const
 
 int GridArea::ColumnAt(int x) const
 {
-    for (int column = 0; column < source_.FixedColumns(); ++column)
-        if (x < ColumnLeft(column) + source_.ColumnWidth(column)) return column;
-    for (int column = LeftColumn(); column < source_.Columns(); ++column)
-        if (x < ColumnLeft(column) + source_.ColumnWidth(column)) return column;
+    for (int column = 0; column < source_->FixedColumns(); ++column)
+        if (x < ColumnLeft(column) + source_->ColumnWidth(column)) return column;
+    for (int column = LeftColumn(); column < source_->Columns(); ++column)
+        if (x < ColumnLeft(column) + source_->ColumnWidth(column)) return column;
     return -1;
 }
 
 QRect GridArea::CellsInSight() const
 {
-    const int columns = source_.Columns();
+    const int columns = source_->Columns();
     int bottom = RowAt(viewport()->height() - 1);
-    if (bottom < 0) bottom = source_.Rows() - 1;
+    if (bottom < 0) bottom = source_->Rows() - 1;
     int right = ColumnAt(viewport()->width() - 1);
     if (right < 0) right = columns - 1;
     return QRect(QPoint(LeftColumn(), TopRow()), QPoint(right, bottom));
@@ -254,7 +275,7 @@ QRect GridArea::CheckRect(const QRect& cell) const
 void GridArea::PaintCell(QPainter& painter, const QRect& rect, int row, int column) const
 {
     if (rect.width() <= 0 || rect.height() <= 0) return;
-    const GridCell cell = source_.Cell(row, column);
+    const GridCell cell = source_->Cell(row, column);
     QRect inner = rect.adjusted(kMargin, 0, -kMargin, 0);
     QColor text = cell.fore.isValid() ? cell.fore : palette().color(QPalette::Text);
     if (!isEnabled()) text = palette().color(QPalette::Disabled, QPalette::Text);
@@ -287,7 +308,7 @@ void GridArea::PaintCell(QPainter& painter, const QRect& rect, int row, int colu
         style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, &painter, this);
         inner.setLeft(box.rect.right() + kMargin);
     }
-    if (source_.GridLines() && !cell.head) {
+    if (source_->GridLines() && !cell.head) {
         QColor line = palette().color(QPalette::Text);
         line.setAlphaF(0.15f);
         painter.setPen(line);
@@ -300,7 +321,7 @@ void GridArea::PaintCell(QPainter& painter, const QRect& rect, int row, int colu
     painter.setPen(text);
     const QString shown = painter.fontMetrics().elidedText(cell.text, Qt::ElideRight, inner.width());
     painter.drawText(inner, static_cast<int>(cell.alignment) | Qt::TextSingleLine, shown);
-    if (hasFocus() && source_.HasFocusFrame(row, column)) {
+    if (hasFocus() && source_->HasFocusFrame(row, column)) {
         QStyleOptionFocusRect focus;
         focus.initFrom(this);
         focus.rect = rect;
@@ -315,31 +336,31 @@ void GridArea::paintEvent(QPaintEvent*)
     QPainter painter(viewport());
     const int width = viewport()->width();
     const int height = viewport()->height();
-    const int fixedRows = std::min(source_.FixedRows(), source_.Rows());
-    const int fixedColumns = std::min(source_.FixedColumns(), source_.Columns());
+    const int fixedRows = std::min(source_->FixedRows(), source_->Rows());
+    const int fixedColumns = std::min(source_->FixedColumns(), source_->Columns());
 
     const auto paintRow = [&](int row, int y) {
-        const int rowHeight = source_.RowHeight(row);
+        const int rowHeight = source_->RowHeight(row);
         // Scrolled columns first; the fixed ones cover what slides below them.
         painter.setClipRect(FixedWidth(), y, width - FixedWidth(), rowHeight);
         int x = ColumnLeft(LeftColumn());
-        for (int column = LeftColumn(); column < source_.Columns() && x < width; ++column) {
-            const int columnWidth = source_.ColumnWidth(column);
+        for (int column = LeftColumn(); column < source_->Columns() && x < width; ++column) {
+            const int columnWidth = source_->ColumnWidth(column);
             if (x + columnWidth > FixedWidth()) PaintCell(painter, {x, y, columnWidth, rowHeight}, row, column);
             x += columnWidth;
         }
         painter.setClipRect(0, y, width, rowHeight);
         for (int column = 0; column < fixedColumns; ++column)
-            PaintCell(painter, {ColumnLeft(column), y, source_.ColumnWidth(column), rowHeight}, row, column);
+            PaintCell(painter, {ColumnLeft(column), y, source_->ColumnWidth(column), rowHeight}, row, column);
     };
     int y = 0;
     for (int row = 0; row < fixedRows; ++row) {
         paintRow(row, y);
-        y += source_.RowHeight(row);
+        y += source_->RowHeight(row);
     }
-    for (int row = TopRow(); row < source_.Rows() && y < height; ++row) {
+    for (int row = TopRow(); row < source_->Rows() && y < height; ++row) {
         paintRow(row, y);
-        y += source_.RowHeight(row);
+        y += source_->RowHeight(row);
     }
 }
 
@@ -354,17 +375,17 @@ void GridArea::resizeEvent(QResizeEvent* event)
 void GridArea::scrollContentsBy(int, int)
 {
     viewport()->update();
-    source_.Scrolled();
+    source_->Scrolled();
 }
 
 int GridArea::EdgeAt(const QPoint& point) const
 {
     const int row = RowAt(point.y());
-    if (row < 0 || row >= source_.FixedRows()) return -1;
-    for (int column = 0; column < source_.Columns(); ++column) {
-        if (column >= source_.FixedColumns() && column < LeftColumn()) continue;
-        const int right = ColumnLeft(column) + source_.ColumnWidth(column);
-        if (std::abs(point.x() - right) <= kEdge && source_.CanResize(column)) return column;
+    if (row < 0 || row >= source_->FixedRows()) return -1;
+    for (int column = 0; column < source_->Columns(); ++column) {
+        if (column >= source_->FixedColumns() && column < LeftColumn()) continue;
+        const int right = ColumnLeft(column) + source_->ColumnWidth(column);
+        if (std::abs(point.x() - right) <= kEdge && source_->CanResize(column)) return column;
     }
     return -1;
 }
@@ -375,26 +396,26 @@ void GridArea::mousePressEvent(QMouseEvent* event)
     const QPoint at = event->position().toPoint();
     resizing_ = EdgeAt(at);
     if (resizing_ >= 0) {
-        resizeFrom_ = at.x() - source_.ColumnWidth(resizing_);
+        resizeFrom_ = at.x() - source_->ColumnWidth(resizing_);
         return;
     }
     const int row = RowAt(at.y());
     const int column = ColumnAt(at.x());
     if (row < 0 || column < 0) return;
-    const GridCell cell = source_.Cell(row, column);
+    const GridCell cell = source_->Cell(row, column);
     if (cell.check.has_value() && CheckRect(CellRect(row, column)).contains(at))
-        source_.CheckPressed(row);
-    else if (row < source_.FixedRows())
-        source_.HeadPressed(column);
+        source_->CheckPressed(row);
+    else if (row < source_->FixedRows())
+        source_->HeadPressed(column);
     else
-        source_.Pressed(row, column, event->modifiers());
+        source_->Pressed(row, column, event->modifiers());
 }
 
 void GridArea::mouseMoveEvent(QMouseEvent* event)
 {
     const QPoint at = event->position().toPoint();
     if (resizing_ >= 0) {
-        source_.Resized(resizing_, std::max(8, at.x() - resizeFrom_));
+        source_->Resized(resizing_, std::max(8, at.x() - resizeFrom_));
         return;
     }
     if (event->buttons() == Qt::NoButton) viewport()->setCursor(EdgeAt(at) >= 0 ? Qt::SplitHCursor : Qt::ArrowCursor);
@@ -405,4 +426,4 @@ void GridArea::mouseReleaseEvent(QMouseEvent*)
     resizing_ = -1;
 }
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

@@ -10,7 +10,7 @@ class GridView : public ControlView, public GridSource {
 public:
     GridView(FormWindow& window, ui::Control& control, QWidget* parent);
 
-    GridArea& Area() const { return *area_; }
+    void Gone() override;
 
 protected:
     void ApplyColours() override;
@@ -24,4 +24,4 @@ protected:
 
 std::unique_ptr<ControlView> MakeTableView(FormWindow& window, ui::Control& control, QWidget* parent);
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

@@ -318,7 +318,7 @@ constexpr basic::Member<QTreeWidget> kTreeView[] = {
     {.name = "SelectedItem", .get = GetSelectedItem<Kind::Node>},
 };
 
-} // namespace
+}  // namespace
 
 basic::ObjectRef Wrap(QTreeWidget* widget)
 {
@@ -327,4 +327,4 @@ basic::ObjectRef Wrap(QTreeWidget* widget)
     return std::make_shared<HostObject<QTreeWidget>>(widget, "ListView", kListView);
 }
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

@@ -166,7 +166,7 @@ Variant AddToList(QListWidget& list, std::span<Variant> args)
     auto* item = new QListWidgetItem(args.empty() ? QString() : TextOf(args[0]));
     item->setData(Qt::UserRole, 0);
     list.insertItem(index, item);
-    list.setProperty(kNewIndexProperty, list.row(item)); // a sorted list decides itself
+    list.setProperty(kNewIndexProperty, list.row(item));  // a sorted list decides itself
     return {};
 }
 
@@ -244,7 +244,7 @@ constexpr basic::Member<QListWidget> kListBox[] = {
 };
 // clang-format on
 
-} // namespace
+}  // namespace
 
 basic::ObjectRef Wrap(QComboBox* widget)
 {
@@ -258,4 +258,4 @@ basic::ObjectRef Wrap(QListWidget* widget)
     return std::make_shared<HostObject<QListWidget>>(widget, "ListBox", kListBox);
 }
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

@@ -100,4 +100,4 @@ private:
     basic::MemberTable<W> own_, common_;
 };
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

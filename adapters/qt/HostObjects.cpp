@@ -186,7 +186,7 @@ Variant HostArray::Call(std::string_view member, std::span<Variant> args)
     return kArrayMembers.Call(*this, member, args);
 }
 
-} // namespace
+}  // namespace
 
 basic::ObjectRef Wrap(QLineEdit* widget)
 {
@@ -221,4 +221,4 @@ basic::ObjectRef WrapArray(std::vector<basic::ObjectRef> elements)
     return std::make_shared<HostArray>(std::move(elements));
 }
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

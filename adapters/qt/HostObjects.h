@@ -18,9 +18,9 @@ class QTreeWidget;
 /// Tag and its NewIndex.
 namespace kvx::adapters::qt {
 
-basic::ObjectRef Wrap(QLineEdit* widget);      ///< "TextBox"
-basic::ObjectRef Wrap(QPlainTextEdit* widget); ///< "TextBox" with several lines
-basic::ObjectRef Wrap(QLabel* widget);         ///< "Label"
+basic::ObjectRef Wrap(QLineEdit* widget);       ///< "TextBox"
+basic::ObjectRef Wrap(QPlainTextEdit* widget);  ///< "TextBox" with several lines
+basic::ObjectRef Wrap(QLabel* widget);          ///< "Label"
 /// "CheckBox", "OptionButton" or "CommandButton", by what the widget is.
 basic::ObjectRef Wrap(QAbstractButton* widget);
 /// "ComboBox": drop-down list, or with an edit field when it is editable.
@@ -33,4 +33,4 @@ basic::ObjectRef Wrap(QTreeWidget* widget);
 /// A control array: LBound, UBound, Count, and Item(index) as the default member. @throws Error 340: no such element
 basic::ObjectRef WrapArray(std::vector<basic::ObjectRef> elements);
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

@@ -15,7 +15,7 @@ namespace kvx::adapters::qt {
 namespace {
 
 struct KeyRow {
-    std::string_view name; // in SendKeys; empty = not sendable by name
+    std::string_view name;  // in SendKeys; empty = not sendable by name
     int key;
     std::int16_t code;
     char32_t character;
@@ -90,7 +90,7 @@ void AddNamed(std::vector<KeyStroke>& strokes, std::string_view name, Qt::Keyboa
     strokes.insert(strokes.end(), count, stroke);
 }
 
-} // namespace
+}  // namespace
 
 std::int16_t KeyCodeOf(const QKeyEvent& event)
 {
@@ -102,7 +102,7 @@ std::int16_t KeyCodeOf(const QKeyEvent& event)
         return static_cast<std::int16_t>(keypad ? 96 + key - Qt::Key_0 : key);
     }
     if (key >= Qt::Key_F1 && key <= Qt::Key_F16) return static_cast<std::int16_t>(ui::vbKeyF1 + key - Qt::Key_F1);
-    switch (key) { // where the classic keyboard has them
+    switch (key) {  // where the classic keyboard has them
     case Qt::Key_Plus: return event.modifiers().testFlag(Qt::KeypadModifier) ? 107 : 187;
     case Qt::Key_Minus: return event.modifiers().testFlag(Qt::KeypadModifier) ? 109 : 189;
     case Qt::Key_Asterisk: return event.modifiers().testFlag(Qt::KeypadModifier) ? 106 : 187;
@@ -146,7 +146,7 @@ bool IsClipboardKey(const QKeyEvent& event)
 std::vector<KeyStroke> ParseKeys(std::string_view keys)
 {
     std::vector<KeyStroke> strokes;
-    Qt::KeyboardModifiers next, group; // for the next key, and for those in brackets
+    Qt::KeyboardModifiers next, group;  // for the next key, and for those in brackets
     while (!keys.empty()) {
         const char32_t character = basic::NextCharacter(keys);
         if (character == '+') {
@@ -171,7 +171,7 @@ std::vector<KeyStroke> ParseKeys(std::string_view keys)
             continue;
         }
         if (character == '{') {
-            const std::size_t end = keys.find('}', 1); // from 1: "{}}" is the brace itself
+            const std::size_t end = keys.find('}', 1);  // from 1: "{}}" is the brace itself
             if (end == std::string_view::npos) RaiseBadKeys();
             AddNamed(strokes, keys.substr(0, end), next | group);
             keys.remove_prefix(end + 1);
@@ -196,7 +196,7 @@ void PressKey(const KeyStroke& stroke)
     if (typed.character != 0) text = QString::fromUcs4(&typed.character, 1);
     if (typed.modifiers & (Qt::ControlModifier | Qt::AltModifier)) text.clear();
     for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-        QWidget* target = QApplication::focusWidget(); // again for the release: the press may have moved the focus
+        QWidget* target = QApplication::focusWidget();  // again for the release: the press may have moved the focus
         if (target == nullptr) target = QApplication::activeWindow();
         if (target == nullptr) return;
         QKeyEvent event(type, typed.key, typed.modifiers, text);
@@ -204,4 +204,4 @@ void PressKey(const KeyStroke& stroke)
     }
 }
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

@@ -27,7 +27,7 @@ bool IsClipboardKey(const QKeyEvent& event);
 struct KeyStroke {
     int key = 0;
     Qt::KeyboardModifiers modifiers;
-    char32_t character = 0; ///< 0 = none
+    char32_t character = 0;  ///< 0 = none
 };
 
 /// Reads "{TAB}", "{LEFT 3}", "+{END}", "^c", "+(ab)", "~", "{+}" and plain characters.
@@ -37,4 +37,4 @@ std::vector<KeyStroke> ParseKeys(std::string_view keys);
 /// Presses and releases a key at the widget that has the focus then.
 void PressKey(const KeyStroke& stroke);
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

@@ -1,3 +1,4 @@
+#include "adapters/qt/Accessible.h"
 #include "adapters/qt/FormWindow.h"
 #include "adapters/qt/GridView.h"
 #include "adapters/qt/Strings.h"
@@ -14,6 +15,12 @@ GridView::GridView(FormWindow& window, ui::Control& control, QWidget* parent)
     SetWidget(area_);
     window.Watch(area_, this);
     window.Watch(area_->viewport(), this);
+}
+
+void GridView::Gone()
+{
+    if (Widget() != nullptr) area_->SourceGone();
+    ControlView::Gone();
 }
 
 void GridView::ApplyColours()
@@ -76,6 +83,7 @@ protected:
         if (list_.ListIndex() != shownIndex_) {
             shownIndex_ = list_.ListIndex();
             area_->ShowRow(shownIndex_);
+            AnnounceCurrentRow(*area_);
         }
         area_->viewport()->update();
     }
@@ -139,7 +147,7 @@ protected:
     void Choose(int row, std::int16_t) override { list_.UserSelectItem(row); }
 };
 
-} // namespace
+}  // namespace
 
 std::unique_ptr<ControlView> MakeListView(FormWindow& window, ui::Control& control, QWidget* parent)
 {
@@ -149,4 +157,4 @@ std::unique_ptr<ControlView> MakeListView(FormWindow& window, ui::Control& contr
     return MakeTableView(window, control, parent);
 }
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

@@ -28,4 +28,4 @@ inline std::int32_t CharactersOf(const QString& text, int units)
     return characters;
 }
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

@@ -1,5 +1,6 @@
 #include "adapters/qt/QtDesktop.h"
 
+#include "adapters/qt/Accessible.h"
 #include "adapters/qt/FormWindow.h"
 #include "adapters/qt/Keys.h"
 #include "adapters/qt/Scale.h"
@@ -20,7 +21,10 @@
 
 namespace kvx::adapters::qt {
 
-QtDesktop::QtDesktop() = default;
+QtDesktop::QtDesktop()
+{
+    InstallAccessibility();
+}
 
 QtDesktop::~QtDesktop()
 {
@@ -177,7 +181,7 @@ void QtDesktop::TimerChanged(ui::Timer& timer)
         if (running != nullptr) {
             timers_.remove(&timer);
             running->stop();
-            running->deleteLater(); // it may be the one that fires now
+            running->deleteLater();  // it may be the one that fires now
         }
         return;
     }
@@ -244,4 +248,4 @@ void QtDesktop::SetMousePointer(std::int16_t pointer)
         QApplication::setOverrideCursor(Qt::ArrowCursor);
 }
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

@@ -51,7 +51,7 @@ public:
     /// @param path  the ending says the kind, ".png". @return false: not shown, or it cannot be written
     bool SavePicture(const ui::Form& form, const QString& path);
 
-    FormWindow* WindowOf(const ui::Form& form) const; ///< nullptr = none
+    FormWindow* WindowOf(const ui::Form& form) const;  ///< nullptr = none
     QWidget* WidgetOf(const ui::Control& control) const;
 
     /// Message and input boxes shown so far; a press of the mouse that raised one does not go on as a press.
@@ -79,7 +79,7 @@ private:
     QWidget* FrontWindow() const;
     void PressNextKey();
 
-    QObject context_; // timers and posted work end with the desktop
+    QObject context_;  // timers and posted work end with the desktop
     QHash<const ui::Form*, FormWindow*> windows_;
     std::vector<QPointer<FormWindow>> allWindows_;
     QHash<ui::Timer*, QTimer*> timers_;
@@ -89,4 +89,4 @@ private:
     int boxesShown_ = 0;
 };
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

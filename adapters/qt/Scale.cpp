@@ -18,7 +18,7 @@ constexpr double kDesignBox = 19;
 // What a box adds to the line of text: frame and margins, as the styles of today draw them.
 constexpr double kBoxMargins = 8;
 
-} // namespace
+}  // namespace
 
 Scale::Scale(const QFont& font)
 {
@@ -57,4 +57,4 @@ QRect Scale::Rect(std::int32_t left, std::int32_t top, std::int32_t width, std::
     return QRect(x, y, X(left + width) - x, Y(top + height) - y);
 }
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

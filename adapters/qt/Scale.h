@@ -30,4 +30,4 @@ private:
     double x_ = 1, y_ = 1;
 };
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

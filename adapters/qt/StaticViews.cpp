@@ -206,7 +206,7 @@ protected:
 
 private:
     static constexpr int kSteps = 1000;
-    static constexpr int kPaintInterval = 40; // ms
+    static constexpr int kPaintInterval = 40;  // ms
     ui::ProgressBar& bar_;
     QProgressBar* widget_;
     QElapsedTimer painted_;
@@ -281,7 +281,7 @@ private:
     std::int16_t shown_ = -1;
 };
 
-} // namespace
+}  // namespace
 
 std::unique_ptr<ControlView> MakeStaticView(FormWindow& window, ui::Control& control, QWidget* parent)
 {
@@ -297,4 +297,4 @@ std::unique_ptr<ControlView> MakeStaticView(FormWindow& window, ui::Control& con
     return nullptr;
 }
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

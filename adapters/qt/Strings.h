@@ -17,4 +17,4 @@ inline std::string FromQt(const QString& text)
     return text.toStdString();
 }
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

@@ -98,6 +98,8 @@ void TabStrip::paintEvent(QPaintEvent*)
             if ((tab == current_) != chosenOne || !tabs_[static_cast<std::size_t>(tab)].visible) continue;
             QStyleOptionTab option;
             InitOption(option, tab);
+            // Some styles let the chosen tab run into its page.
+            painter.setClipRect(option.rect.adjusted(-2, 0, 2, 1));
             style()->drawControl(QStyle::CE_TabBarTab, &option, &painter, this);
         }
 }
@@ -109,4 +111,4 @@ void TabStrip::mousePressEvent(QMouseEvent* event)
         chosen(tab);
 }
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

@@ -22,10 +22,10 @@ public:
 
     void SetTabs(std::vector<Tab> tabs, int perRow, int current);
     int Current() const { return current_; }
-    QRect TabRect(int tab) const;         ///< empty for a hidden tab
-    int TabAt(const QPoint& point) const; ///< -1 = none
+    QRect TabRect(int tab) const;          ///< empty for a hidden tab
+    int TabAt(const QPoint& point) const;  ///< -1 = none
 
-    std::function<void(int)> chosen; ///< the user pressed a tab
+    std::function<void(int)> chosen;  ///< the user pressed a tab
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -40,4 +40,4 @@ private:
     int perRow_ = 3, current_ = 0;
 };
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

@@ -1,3 +1,4 @@
+#include "adapters/qt/Accessible.h"
 #include "adapters/qt/FormWindow.h"
 #include "adapters/qt/GridView.h"
 #include "adapters/qt/Strings.h"
@@ -5,12 +6,14 @@
 #include "ui/FlexGrid.h"
 #include "ui/ListView.h"
 
+#include <QMouseEvent>
+
 #include <algorithm>
 
 namespace kvx::adapters::qt {
 namespace {
 
-constexpr int kHeadMargin = 8; // what a head adds to the line of text
+constexpr int kHeadMargin = 8;  // what a head adds to the line of text
 
 // A list view in report style: row 0 is the head, rows of the control follow. Other styles show the first column only.
 class ReportView final : public GridView, public ui::ListViewListener {
@@ -22,6 +25,11 @@ public:
     ~ReportView() override
     {
         if (Model() != nullptr) list_.SetListener(nullptr);
+    }
+    void Gone() override
+    {
+        if (Model() != nullptr) list_.SetListener(nullptr);
+        GridView::Gone();
     }
 
     int Rows() const override { return Model() == nullptr ? 0 : list_.ListItems().Count() + Heads(); }
@@ -125,6 +133,7 @@ protected:
         if (CurrentRow() != shown_) {
             shown_ = CurrentRow();
             area_->ShowRow(shown_);
+            AnnounceCurrentRow(*area_);
         }
         if (wanted_ >= 0) area_->ShowRow(std::exchange(wanted_, -1));
         area_->viewport()->update();
@@ -224,6 +233,7 @@ protected:
         if (CurrentRow() != shown_) {
             shown_ = CurrentRow();
             area_->ShowRow(shown_);
+            AnnounceCurrentRow(*area_);
         }
         shownFirst_ = area_->TopRow() - 1;
         if (shownFirst_ != grid_.FirstRow() && shownFirst_ >= 0) grid_.UserScroll(shownFirst_);
@@ -280,6 +290,12 @@ public:
     {
         Act([&] { grid_.UserClickCell(0, column); });
     }
+    void DoubleClicked(const QMouseEvent& event) override
+    {
+        const int row = area_->RowAt(event.position().toPoint().y());
+        const int column = area_->ColumnAt(event.position().toPoint().x());
+        if (row >= 0 && column >= 0) Act([&] { grid_.UserDblClickCell(row, column); });
+    }
     bool CanResize(int) const override { return true; }
     void Resized(int column, int width) override
     {
@@ -308,11 +324,14 @@ protected:
             shownRow_ = grid_.Row();
             shownColumn_ = grid_.Col();
             area_->ShowRow(shownRow_);
+            AnnounceCurrentRow(*area_);
             area_->ShowColumn(shownColumn_);
         }
-        if (grid_.TopRow() != area_->TopRow() || grid_.LeftCol() != area_->LeftColumn())
-            grid_.UserScroll(area_->TopRow(), area_->LeftColumn());
         area_->viewport()->update();
+        // The window may be too high for the row that the form wants on top; the form is told, but not from here.
+        if (grid_.TopRow() != area_->TopRow() || grid_.LeftCol() != area_->LeftColumn())
+            QMetaObject::invokeMethod(
+                area_, [this] { Scrolled(); }, Qt::QueuedConnection);
     }
 
 private:
@@ -341,7 +360,7 @@ private:
     std::int32_t shownRow_ = -1, shownColumn_ = -1;
 };
 
-} // namespace
+}  // namespace
 
 std::unique_ptr<ControlView> MakeTableView(FormWindow& window, ui::Control& control, QWidget* parent)
 {
@@ -356,4 +375,4 @@ std::unique_ptr<ControlView> MakeGridView(FormWindow& window, ui::Control& contr
     return nullptr;
 }
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

@@ -42,6 +42,7 @@ public:
         : ControlView(window, box), box_(box), edit_(new QLineEdit(parent))
     {
         SetWidget(edit_);
+        edit_->setTextMargins(1, 0, 1, 0);
         edit_->setFocusPolicy(Qt::TabFocus);
         window.Watch(edit_, this);
         QObject::connect(edit_, &QLineEdit::textChanged, &window, [this] { Edited(); });
@@ -214,7 +215,7 @@ private:
     QPlainTextEdit* edit_;
 };
 
-} // namespace
+}  // namespace
 
 std::unique_ptr<ControlView> MakeTextView(FormWindow& window, ui::Control& control, QWidget* parent)
 {
@@ -224,4 +225,4 @@ std::unique_ptr<ControlView> MakeTextView(FormWindow& window, ui::Control& contr
     return std::make_unique<LineView>(window, *box, parent);
 }
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

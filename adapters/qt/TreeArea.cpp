@@ -20,7 +20,7 @@ namespace {
 
 constexpr int kMargin = 4;
 
-} // namespace
+}  // namespace
 
 // --- the editor
 
@@ -300,7 +300,7 @@ void TreeArea::mouseDoubleClickEvent(QMouseEvent* event)
     if (ExpanderRect(row, node).contains(at) || CheckRect(row, node).contains(at))
         mousePressEvent(event);
     else
-        user_.DoubleClicked(node);
+        user_.NodeDoubleClicked(node);
 }
 
 // --- label edit
@@ -347,4 +347,4 @@ void TreeArea::PlaceEditor()
     editor_->setGeometry(place.adjusted(0, -1, 0, 1));
 }
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

@@ -21,13 +21,13 @@ class TreeArea;
 class TreeUser {
 public:
     virtual ~TreeUser() = default;
-    virtual void Clicked(const ui::Node& node) = 0; ///< icon or label
+    virtual void Clicked(const ui::Node& node) = 0;  ///< icon or label
     virtual void ClickedBeside() = 0;
-    virtual void DoubleClicked(const ui::Node& node) = 0;
+    virtual void NodeDoubleClicked(const ui::Node& node) = 0;
     virtual void Toggled(const ui::Node& node) = 0;
     virtual void Checked(const ui::Node& node) = 0;
-    virtual void ClickedAgain(const ui::Node& node) = 0; ///< the label that was selected already, some time ago
-    virtual void Edited() = 0;                           ///< the editor's text or mark
+    virtual void ClickedAgain(const ui::Node& node) = 0;  ///< the label that was selected already, some time ago
+    virtual void Edited() = 0;                            ///< the editor's text or mark
     virtual void EditEnded(bool accept) = 0;
     virtual void EditLeftByTab(bool backwards) = 0;
 };
@@ -54,6 +54,7 @@ public:
     TreeArea(ui::TreeView& tree, TreeUser& user, QWidget* parent);
 
     TreeRows& Rows() { return rows_; }
+    TreeUser& User() const { return user_; }
     /// The control; nullptr once it is gone.
     ui::TreeView* Tree() const { return tree_; }
     void TreeGone();
@@ -63,10 +64,10 @@ public:
     int RowsPerPage() const;
     void ShowRow(int row);
 
-    int RowAt(int y) const; ///< counted over all rows; may lie behind the last
+    int RowAt(int y) const;  ///< counted over all rows; may lie behind the last
     QRect RowRect(int row) const;
     QRect LabelRect(int row, const ui::Node& node) const;
-    QRect ExpanderRect(int row, const ui::Node& node) const; ///< empty without children
+    QRect ExpanderRect(int row, const ui::Node& node) const;  ///< empty without children
 
     /// Puts an editor over the label, all of its text marked.
     void OpenEditor(const ui::Node& node);
@@ -98,4 +99,4 @@ private:
     int widest_ = 0;
 };
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

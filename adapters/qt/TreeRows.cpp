@@ -144,7 +144,7 @@ void TreeRows::Inserted(const ui::Node& node)
     const ui::Node parent = node.Parent();
     Level* level = Find(parent);
     if (level == nullptr) {
-        if (parent != nullptr && parent.Expanded()) OpenChanged(parent); // its first child
+        if (parent != nullptr && parent.Expanded()) OpenChanged(parent);  // its first child
         return;
     }
     const std::int32_t position = node.Next() == nullptr ? level->children : node.Position();
@@ -185,7 +185,7 @@ void TreeRows::OpenChanged(const ui::Node& node)
 {
     if (!built_) return;
     const ui::Node parent = node.Parent();
-    if (Find(parent) == nullptr) return; // not in sight
+    if (Find(parent) == nullptr) return;  // not in sight
     const bool was = Find(node) != nullptr;
     std::int32_t before = was ? Find(node)->rows : 0;
     const std::int32_t position = node.Position();
@@ -211,4 +211,4 @@ void TreeRows::OpenChanged(const ui::Node& node)
     Grow(parent, rows - before);
 }
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt

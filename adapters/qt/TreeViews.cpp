@@ -1,3 +1,4 @@
+#include "adapters/qt/Accessible.h"
 #include "adapters/qt/ControlView.h"
 #include "adapters/qt/FormWindow.h"
 #include "adapters/qt/Positions.h"
@@ -38,7 +39,7 @@ public:
     {
         return area_->Editor() != nullptr ? static_cast<QWidget*>(area_->Editor()) : area_;
     }
-    bool DoubleClicks() const override { return false; } // the area knows where
+    bool DoubleClicks() const override { return false; }  // the area knows where
     void ReactToKey(std::int16_t keyCode, std::int16_t) override
     {
         if (keyCode != ui::vbKeyPageUp && keyCode != ui::vbKeyPageDown) return;
@@ -93,7 +94,7 @@ public:
     {
         Act([&] { tree_.UserClick(); });
     }
-    void DoubleClicked(const ui::Node& node) override
+    void NodeDoubleClicked(const ui::Node& node) override
     {
         Act([&] {
             tree_.UserDblClick();
@@ -138,6 +139,7 @@ protected:
         if (wanted_ != nullptr) {
             const ui::Node wanted = std::exchange(wanted_, ui::Node{});
             if (wanted.IsThere()) area_->ShowRow(area_->Rows().RowOf(wanted));
+            AnnounceCurrentRow(*area_);
         }
         area_->viewport()->update();
     }
@@ -155,10 +157,10 @@ protected:
 private:
     ui::TreeView& tree_;
     TreeArea* area_;
-    ui::Node wanted_; // to be scrolled into sight
+    ui::Node wanted_;  // to be scrolled into sight
 };
 
-} // namespace
+}  // namespace
 
 std::unique_ptr<ControlView> MakeTreeView(FormWindow& window, ui::Control& control, QWidget* parent)
 {
@@ -167,4 +169,4 @@ std::unique_ptr<ControlView> MakeTreeView(FormWindow& window, ui::Control& contr
     return nullptr;
 }
 
-} // namespace kvx::adapters::qt
+}  // namespace kvx::adapters::qt
