@@ -43,6 +43,17 @@ StatementKind KindOf(Keyword word)
     }
 }
 
+// The statement behind the condition of an IF.
+Statement BodyOf(const Shaper& shaper, const Statement& statement)
+{
+    return {.kind = KindOf(shaper.Tokens().tokens[statement.body].word),
+            .first = statement.body,
+            .last = statement.last,
+            .body = 0,
+            .firstLifted = 0,
+            .lastLifted = 0};
+}
+
 std::string_view Trim(std::string_view text)
 {
     constexpr std::string_view kBlanks = " \t\r\n;";
@@ -116,6 +127,28 @@ void Connection::Run(const char* sql)
     Check(database_.get(), sqlite3_exec(database_.get(), sql, nullptr, nullptr, nullptr));
 }
 
+std::vector<std::string> Connection::Translations(std::string_view text, const ado::ExecuteOptions& options)
+{
+    Shaper shaper;
+    shaper.Run(text);
+    std::vector<std::string> result;
+    for (const Statement& statement : shaper.Statements()) {
+        Translation translation = Translate(
+            shaper, statement, *this, {.withRowKeys = options.withRowKeys, .tableAllowed = options.tableAllowed});
+        if (statement.kind == StatementKind::If) {
+            result.push_back(std::move(translation.condition));
+            const Statement body = BodyOf(shaper, statement);
+            result.push_back(Translate(shaper, body, *this, {}).sql);
+        } else if (translation.kind == StatementKind::Exec) {
+            result.push_back("EXEC " + translation.sql);
+        } else if (!translation.sql.empty()) {
+            result.push_back(std::move(translation.sql));
+        }
+        for (std::string& sql : translation.more) result.push_back(std::move(sql));
+    }
+    return result;
+}
+
 Connection::Result Connection::Execute(std::string_view text, const ado::ExecuteOptions& options)
 {
     if (!options.procedure) return RunText(shaper_, text, options);
@@ -158,7 +191,7 @@ Connection::Result Connection::RunBatch(Shaper& shaper, const ado::ExecuteOption
     return result ? std::move(result) : std::make_unique<DoneStatement>(-1);
 }
 
-// A fault anywhere in a text stops it before its first statement. Tables that are missing count when they are reached:
+// A fault anywhere in a text stops it before its first statement. Missing tables and bad values count when they are reached:
 // a statement before may make them.
 void Connection::CheckBatch(const Shaper& shaper)
 {
@@ -171,7 +204,7 @@ void Connection::CheckBatch(const Shaper& shaper)
             if (shape != nullptr && !shape->idle.empty()) continue;
             GiveBack(Compile(shaper, statement, false, shape));
         } catch (const basic::Error& error) {
-            if (error.Number != ado::kErrNoSuchTable) throw;
+            if (error.Number == ado::kErrStatement) throw;
         }
     }
 }
@@ -312,7 +345,7 @@ Shape* Connection::FindShape(const Shaper& shaper, const Statement& statement, b
     if (tokens.tokens[statement.last - 1].end - tokens.tokens[statement.first].begin > kLongestShape) return nullptr;
     key_.assign(1, withRowKeys ? 'k' : '-');
     shaper.AppendShape(statement, key_);
-    return &cache_.Find(key_);
+    return cache_.Find(key_);
 }
 
 std::unique_ptr<Prepared> Connection::Compile(const Shaper& shaper, const Statement& statement, bool withRowKeys,

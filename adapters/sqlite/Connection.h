@@ -40,6 +40,8 @@ public:
 
     sqlite3* Database() const { return database_.get(); }
 
+    std::vector<std::string> Translations(std::string_view text, const ado::ExecuteOptions& options);
+
     /// Runs one statement of SQLite's own.
     void Run(const char* sql);
 

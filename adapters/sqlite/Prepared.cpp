@@ -42,14 +42,21 @@ std::size_t ShapeCache::Hash::operator()(const std::string& key) const noexcept
     return static_cast<std::size_t>(hash ^ hash >> 32);
 }
 
-Shape& ShapeCache::Find(const std::string& key)
+Shape* ShapeCache::Find(const std::string& key)
 {
-    const auto [it, added] = shapes_.try_emplace(key);
-    Shape& shape = it->second;
-    if (!added) {
+    if (const auto found = shapes_.find(key); found != shapes_.end()) {
+        Shape& shape = found->second;
         if (byUse_.front() != &shape) byUse_.splice(byUse_.begin(), byUse_, shape.place);
-        return shape;
+        return &shape;
     }
+    const std::size_t hash = Hash()(key);
+    std::size_t& slot = seen_[hash % kRemembered];
+    if (slot != hash) {
+        slot = hash;
+        return nullptr;
+    }
+    const auto it = shapes_.try_emplace(key).first;
+    Shape& shape = it->second;
     shape.key = &it->first;
     shape.place = byUse_.insert(byUse_.begin(), &shape);
     for (auto last = byUse_.end(); shapes_.size() > capacity_ && last != byUse_.begin();) {
@@ -58,7 +65,7 @@ Shape& ShapeCache::Find(const std::string& key)
         last = byUse_.erase(last);
         shapes_.erase(shapes_.find(*oldest->key));
     }
-    return shape;
+    return &shape;
 }
 
 std::unique_ptr<Prepared> ShapeCache::Take(Shape& shape)

@@ -49,10 +49,11 @@ struct Shape {
 /// Prepared statements by shape; the one not used for longest goes first.
 class ShapeCache {
 public:
-    explicit ShapeCache(std::size_t capacity) : capacity_(capacity) {}
+    explicit ShapeCache(std::size_t capacity) : capacity_(capacity), seen_(kRemembered) {}
 
-    /// The shape's place, made when it is new.
-    Shape& Find(const std::string& key);
+    /// The shape's place, made when the shape comes for the second time. nullptr the first time: most texts that come
+    /// once never come again, and keeping them would only cost memory that others have at hand.
+    Shape* Find(const std::string& key);
 
     /// @return nullptr: every statement of the shape is in use, or it has none yet
     std::unique_ptr<Prepared> Take(Shape& shape);
@@ -68,7 +69,10 @@ private:
         std::size_t operator()(const std::string& key) const noexcept;
     };
 
+    static constexpr std::size_t kRemembered = 1024;
+
     std::size_t capacity_;
+    std::vector<std::size_t> seen_; // hashes of shapes that came once, each in the slot that it points to
     std::unordered_map<std::string, Shape, Hash> shapes_;
     std::list<Shape*> byUse_; // the last used first
     std::uint32_t generation_ = 0;

@@ -95,6 +95,7 @@ void Shaper::OnStatementWord(std::size_t i, StatementKind kind)
         const Keyword before = WordAt(i - 1);
         if (before == Keyword::On && current_.kind == StatementKind::Create) return;   // ON DELETE CASCADE
         if (current_.kind == StatementKind::Create && i == current_.first + 1) return; // CREATE DEFAULT ...
+        if (WordAt(current_.first) == Keyword::Alter && kind == StatementKind::Create && IsBehindAlterTable(i)) return;
         if (current_.kind == StatementKind::If && current_.body == 0) {
             current_.body = i;
             hasSource_ = hasSet_ = false;
@@ -107,6 +108,14 @@ void Shaper::OnStatementWord(std::size_t i, StatementKind kind)
         const std::string_view what = tokens_.Text(i + 1);
         takesAll_ = std::ranges::any_of(kWithBody, [&](std::string_view word) { return SameText(word, what); });
     }
+}
+
+// ALTER TABLE dbo.T ALTER COLUMN ..., ALTER TABLE T DROP COLUMN ...
+bool Shaper::IsBehindAlterTable(std::size_t i) const
+{
+    for (std::size_t k = current_.first + 2; k < i; ++k)
+        if (!tokens_.tokens[k].IsName() && tokens_.tokens[k].kind != TokenKind::Dot) return false;
+    return i == current_.first + 3 || (i > current_.first + 3 && tokens_.tokens[i - 2].kind == TokenKind::Dot);
 }
 
 void Shaper::OnWord(std::size_t i)

@@ -60,6 +60,7 @@ private:
     void Finish(std::size_t token);
     void OnWord(std::size_t i);
     void OnStatementWord(std::size_t i, StatementKind kind);
+    bool IsBehindAlterTable(std::size_t i) const;
     void OnOpen(std::size_t i);
     void OnClose();
     bool MayLift(std::size_t i) const;

@@ -166,4 +166,10 @@ std::vector<std::string> ColumnsWithoutCollation(ado::DriverConnection& connecti
     return result;
 }
 
+std::vector<std::string> TranslateText(ado::DriverConnection& connection, std::string_view text,
+                                       const ado::ExecuteOptions& options)
+{
+    return dynamic_cast<Connection&>(connection).Translations(text, options);
+}
+
 } // namespace kvx::adapters::sqlite

@@ -124,7 +124,7 @@ void Translator::Walk(std::size_t first, std::size_t last, Clause clause)
                 const bool assignment = frames_.back().clause == Clause::Set && frames_.size() == depth + 1;
                 if (!assignment) CollateLeftSide(i, i);
                 Copy(i);
-            } else if (At(i + 1).negative && tokens_.Operator(i) == '-')
+            } else if (tokens_.Operator(i) == '-' && (At(i + 1).negative || converted_.contains(i)))
                 Skip(i); // the sign is part of the bound value
             else
                 Copy(i);
@@ -199,7 +199,9 @@ std::string_view Translator::CollationOf(Range expression)
 void Translator::OnLiteral(std::size_t i)
 {
     const Token& token = At(i);
-    if (token.lifted)
+    if (const auto converted = converted_.find(i); converted != converted_.end())
+        Replace(i, converted->second);
+    else if (token.lifted)
         Replace(i, "?" + std::to_string(++nextParameter_));
     else if (token.kind == TokenKind::Text && Text(i).front() != '\'')
         Replace(i, Text(i).substr(1)); // N'..'
@@ -442,6 +444,8 @@ std::size_t Translator::OnWord(std::size_t i, std::size_t last)
             Replace(i, "last_insert_rowid");
             return i + 1;
         }
+        if (i > First() && (At(i - 1).Is(Keyword::Cross) || At(i - 1).Is(Keyword::Outer)) && IsWord(i, "apply"))
+            RaiseConstruct("APPLY");
         break;
     case Keyword::Select: return OnSelect(i, last);
     case Keyword::From:

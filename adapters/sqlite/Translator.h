@@ -3,6 +3,7 @@
 #include "adapters/sqlite/Analysis.h"
 #include "adapters/sqlite/Translate.h"
 
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -114,6 +115,7 @@ private:
     bool collated_ = false;    // the text so far ends with a collation
     std::size_t position_ = 0; // of the text: all before it is written
     std::size_t nextParameter_ = 0;
+    std::map<std::size_t, std::string> converted_; // assigned values that are not lifted, by token
     std::optional<Scope> names_;
     std::size_t rowKeysBefore_ = 0; // the FROM that row keys go before
     std::string rowKeys_;

@@ -1,12 +1,33 @@
 #include "adapters/sqlite/Translator.h"
 
 #include <algorithm>
+#include <charconv>
 
 namespace kvx::adapters::sqlite {
 namespace {
 
 // SQLite takes 500 SELECTs joined by UNION; longer chains of literals become one list of values.
 constexpr std::size_t kLongChain = 400;
+
+// Digits that give the same number again, or the text in apostrophes.
+std::string LiteralOf(const Value& value)
+{
+    switch (value.kind) {
+    case ado::Cell::Kind::Null: return "NULL";
+    case ado::Cell::Kind::Integer: return std::to_string(value.integer);
+    case ado::Cell::Kind::Real: {
+        char digits[40];
+        const auto [end, error] = std::to_chars(digits, digits + sizeof digits, value.real);
+        std::string text(digits, error == std::errc() ? end : digits);
+        if (text.find_first_of(".e") == std::string::npos) text += ".0";
+        return text;
+    }
+    case ado::Cell::Kind::Text: break;
+    }
+    std::string text = "'";
+    for (char c : value.text) text.append(c == '\'' ? 2 : 1, c);
+    return text + "'";
+}
 
 } // namespace
 
@@ -82,16 +103,38 @@ bool Translator::TranslateLiteralChain()
     return true;
 }
 
-// What becomes of a value that stands alone behind a column: "5", "-5", "'x'".
+// What becomes of a value that stands alone behind a column: "5", "-5", "'x'". A lifted one is converted whenever the
+// statement runs, any other now and in the text.
 void Translator::NoteAssignment(Range value, const TableColumn* column)
 {
-    if (column == nullptr) return;
-    if (value.Size() == 2 && At(value.last - 1).negative) ++value.first;
-    if (value.Size() != 1 || !At(value.first).lifted) return;
-    std::size_t index = 0;
-    for (std::size_t i = First(); i < value.first; ++i)
-        if (At(i).lifted) ++index;
-    result_.parameters[index] = Assignment{column->type, column->name};
+    if (column == nullptr || value.IsEmpty()) return;
+    const Token& token = At(value.last - 1);
+    const bool negative = value.Size() == 2 && tokens_.Operator(value.first) == '-';
+    if (value.Size() != (negative ? 2u : 1u) || (!token.IsNumber() && token.kind != TokenKind::Text)) return;
+    if (token.lifted) {
+        std::size_t index = 0;
+        for (std::size_t i = First(); i < value.last - 1; ++i)
+            if (At(i).lifted) ++index;
+        result_.parameters[index] = Assignment{column->type, column->name};
+        return;
+    }
+    Value converted;
+    std::string written(Text(value.last - 1));
+    if (token.kind == TokenKind::Text) {
+        converted.kind = ado::Cell::Kind::Text;
+        converted.text = LiteralText(written);
+        written.clear();
+    } else {
+        if (!ReadNumberLiteral(written, converted)) return;
+        if (negative) {
+            converted.integer = -converted.integer;
+            converted.real = -converted.real;
+            written.insert(0, 1, '-');
+        }
+    }
+    ConvertForColumn(converted, written, column->type, column->name);
+    if (negative) converted_[value.first] = "";
+    converted_[value.last - 1] = LiteralOf(converted);
 }
 
 // The table's name in front of an assigned column goes; SQLite wants it bare.
