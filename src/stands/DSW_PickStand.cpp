@@ -22,8 +22,8 @@ constexpr std::size_t kAddressParts = 4;
 
 struct Options {
     std::string iniFile, separator;
-    bool showCall = false;       // each step is shown as a message
-    bool promptForStand = false; // the user may type the result
+    bool showCall = false;        // each step is shown as a message
+    bool promptForStand = false;  // the user may type the result
 };
 
 Options ReadOptions(const KvxVar& kvxvar)
@@ -71,7 +71,7 @@ std::string AskApplication(const KvxVar& kvxvar, const Options& options, const L
     try {
         application = os::CreateObject(kProgramId);
     } catch (const basic::Error&) {
-        application = nullptr; // the same to the user: the application is not installed
+        application = nullptr;  // the same to the user: the application is not installed
     }
     if (application == nullptr) {
         ShowMessage("Objekterstellung fehlgeschlagen");
@@ -85,7 +85,7 @@ std::string AskApplication(const KvxVar& kvxvar, const Options& options, const L
     try {
         return basic::ToText(application->Call("of_show", arguments));
     } catch (const basic::Error&) {
-        return {}; // cancelled or broken off there: no stand was picked
+        return {};  // cancelled or broken off there: no stand was picked
     }
 }
 
@@ -118,7 +118,7 @@ std::int32_t MakeRow(const KvxVar& kvxvar, const StandKey& key, std::int32_t ID_
     return id;
 }
 
-} // namespace
+}  // namespace
 
 void DSW_PickStand(const KvxVar& kvxvar, const basic::ObjectRef& txtWaldort, std::int32_t ID_AL)
 {
@@ -150,4 +150,4 @@ void DSW_PickStand(const KvxVar& kvxvar, const basic::ObjectRef& txtWaldort, std
     box.Put("Text", shown);
 }
 
-} // namespace kvx
+}  // namespace kvx

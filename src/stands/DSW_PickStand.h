@@ -16,4 +16,4 @@ namespace kvx {
 /// @throws basic::Error the provider's; 91 when the box is Nothing
 void DSW_PickStand(const KvxVar& kvxvar, const basic::ObjectRef& txtWaldort, std::int32_t ID_AL);
 
-} // namespace kvx
+}  // namespace kvx

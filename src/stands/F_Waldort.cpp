@@ -158,7 +158,7 @@ void F_Waldort::AddToListBox()
     }
     basic::Variant item(text);
     list.Call("AddItem", {&item, 1});
-    const basic::Variant index = list.Get("NewIndex"); // a sorted list puts it anywhere
+    const basic::Variant index = list.Get("NewIndex");  // a sorted list puts it anywhere
     list.Put("ItemData", id, {&index, 1});
     select(index);
 }
@@ -203,7 +203,7 @@ void F_Waldort::Design()
         const std::int32_t top = kMargin + static_cast<std::int32_t>(i / 2) * kRow;
         keyLabels[i]->Move(left, top + 45, 660, 255);
         keyBoxes[i]->Move(left + 720, top, kColumn - 720 - kMargin / 2, kBoxHeight);
-        keyBoxes[i]->SetLocked(true); // a level is named in the tree
+        keyBoxes[i]->SetLocked(true);  // a level is named in the tree
         for (Control* control : {static_cast<Control*>(keyLabels[i]), static_cast<Control*>(keyBoxes[i])})
             control->SetAnchors(kAnchorTop | kAnchorRight);
     }
@@ -231,7 +231,7 @@ void F_Waldort::Design()
         box->SetAlignment(1);
     chkDisable.SetContainer(&frame);
     chkDisable.Move(kMargin + kLabelWidth + kMargin, top, kWide, kBoxHeight);
-    chkDisable.SetVisible(false); // means nothing before the tree is there
+    chkDisable.SetVisible(false);  // means nothing before the tree is there
 
     constexpr std::int32_t kButtonWidth = 1380, kButtonStep = kButtonWidth + kMargin;
     std::int32_t left = kMargin;
@@ -248,4 +248,4 @@ void F_Waldort::Design()
     }
 }
 
-} // namespace kvx
+}  // namespace kvx

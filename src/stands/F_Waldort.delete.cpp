@@ -30,7 +30,7 @@ constexpr StandUse kStandUses[] = {
 };
 // clang-format on
 
-} // namespace
+}  // namespace
 
 // Lists every use before it refuses, so that the user sees at once all that must be cleared.
 // True: nothing refers to the stands.
@@ -67,7 +67,7 @@ void F_Waldort::btnLoschen_Click()
     try {
         kvxvar.dbAdo.Execute("DELETE FROM WALDORT " + where);
     } catch (const basic::Error&) {
-        return; // a table that the check does not know still refers to the stand: the node stays
+        return;  // a table that the check does not know still refers to the stand: the node stays
     }
     TreeView1.Remove(node);
     const ui::Node neighbour = TreeView1.SelectedItem();
@@ -75,4 +75,4 @@ void F_Waldort::btnLoschen_Click()
     ShowSelection();
 }
 
-} // namespace kvx
+}  // namespace kvx

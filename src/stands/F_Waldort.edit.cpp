@@ -13,7 +13,7 @@ std::string NumberForSql(std::string_view text)
     return basic::Replace(text, ",", ".");
 }
 
-} // namespace
+}  // namespace
 
 void F_Waldort::WireFields()
 {
@@ -22,7 +22,7 @@ void F_Waldort::WireFields()
 
     struct Field {
         ui::Control& control;
-        ui::Control& next; // where Enter leads
+        ui::Control& next;  // where Enter leads
     };
     for (const Field& field : {Field{txtName, cmbHolzart}, Field{cmbHolzart, txtFlaeche}, Field{txtFlaeche, txtAlter},
                                Field{txtAlter, txtGemarkung}, Field{txtGemarkung, txtFlurStuck},
@@ -105,4 +105,4 @@ void F_Waldort::chkDisable_Click()
     kvxvar.dbAdo.Execute("UPDATE WALDORT SET DISABLE = " + std::to_string(chkDisable.Value()) + where);
 }
 
-} // namespace kvx
+}  // namespace kvx

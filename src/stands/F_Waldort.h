@@ -38,18 +38,18 @@ public:
     void Run(const KvxVar& kvxvar_dll, std::int32_t ID_AL, bool OnlyRead, std::int32_t ID_WALDORT_Root,
              const basic::ObjectRef& ListBox);
 
-    bool bolPrint = false; ///< set before Run: print, do not show; counts for one Run
-    bool blnOK = false;    ///< read after Run: ended with OK
+    bool bolPrint = false;  ///< set before Run: print, do not show; counts for one Run
+    bool blnOK = false;     ///< read after Run: ended with OK
 
     /// Id of the stand whose key the six boxes hold. @return 0 = no such row
     std::int32_t GetID(std::int32_t ID_AL) const;
     /// True when a stand has the levels of the boxes up to the first empty one, and maybe more below.
     bool Is_In_Table(const KvxVar& kvxvar_dll, std::int32_t ID_AL) const;
-    StandKey Key() const; ///< the six key boxes
+    StandKey Key() const;  ///< the six key boxes
 
     // Left.
     ui::TreeView TreeView1{*this, "TreeView1"};
-    ui::ProgressBar ProgressBar1{*this, "ProgressBar1"}; // seen only while the tree loads or prints
+    ui::ProgressBar ProgressBar1{*this, "ProgressBar1"};  // seen only while the tree loads or prints
 
     // Right, above: the key levels, mirrors of the selected node.
     ui::Label lblWO1{*this, "lblWO1"}, lblWO2{*this, "lblWO2"}, lblWO3{*this, "lblWO3"};
@@ -88,25 +88,25 @@ private:
         {{&txtFlaeche, "FLAECHE", "#####0.0000"}, {&txtAlter, "AL_TER", "#####0.00"}}};
     struct TextField {
         ui::TextBox* box;
-        std::string_view assignment; // up to the "="; the statements differ by a blank
+        std::string_view assignment;  // up to the "="; the statements differ by a blank
     };
     std::array<TextField, 3> textFields{
         {{&txtGemarkung, " SET GEMARKUNG"}, {&txtFlurStuck, " SET FLURSTUECK"}, {&txtParzelle, "SET PARZELLE"}}};
 
-    KvxVar kvxvar;                    // our copy: what the host changes meanwhile is not seen
-    std::unique_ptr<c_Loc> loc;       // from the first text to the unload
-    bool blnDirty = false;            // a field was changed since the last save
-    bool blnNewNode = false;          // a node added by btnNeuerWO is being named
-    bool blnSameNaming = false;       // the label edit that starts next goes on with that naming
-    bool blnLoading = false;          // chkDisable is being set from data, not by the user
-    bool blnActivated = false;        // the tree has been loaded; a form that is shown again loads again
-    std::int16_t intLevels = 6;       // key levels in use
-    std::int32_t ID_AL = 0;           // as passed
-    bool blnOnlyRead = false;         // as passed
-    std::int32_t ID_WALDORT_Root = 0; // as passed
-    std::int16_t intRootLevels = 0;   // how many levels the root stand fixes
-    basic::ObjectRef objListBox;      // the caller's list box, or Nothing
-    std::string strEditWhere;         // the subtree's rows under the name they had before a label edit
+    KvxVar kvxvar;                     // our copy: what the host changes meanwhile is not seen
+    std::unique_ptr<c_Loc> loc;        // from the first text to the unload
+    bool blnDirty = false;             // a field was changed since the last save
+    bool blnNewNode = false;           // a node added by btnNeuerWO is being named
+    ui::Node nodeNaming;               // the label edit that starts next goes on with naming this node
+    bool blnLoading = false;           // chkDisable is being set from data, not by the user
+    bool blnActivated = false;         // the tree has been loaded; a form that is shown again loads again
+    std::int16_t intLevels = 6;        // key levels in use
+    std::int32_t ID_AL = 0;            // as passed
+    bool blnOnlyRead = false;          // as passed
+    std::int32_t ID_WALDORT_Root = 0;  // as passed
+    std::int16_t intRootLevels = 0;    // how many levels the root stand fixes
+    basic::ObjectRef objListBox;       // the caller's list box, or Nothing
+    std::string strEditWhere;          // the subtree's rows under the name they had before a label edit
 
     // F_Waldort.cpp
     void Wire();
@@ -163,7 +163,7 @@ private:
     bool AcceptLevelText(const ui::Node& node, std::string& text);
     bool NameIsTaken(const ui::Node& node, const std::string& text);
     void StoreName(const ui::Node& node, const std::string& text);
-    void ContinueNaming(const std::string& offered);
+    void ContinueNaming(const ui::Node& node, const std::string& offered);
     void RenameLevel(const std::string& text);
     void CreateStand(const ui::Node& node, const std::string& text);
 
@@ -179,4 +179,4 @@ private:
     std::string VisibleRows(bool wholeLevelList) const;
 };
 
-} // namespace kvx
+}  // namespace kvx

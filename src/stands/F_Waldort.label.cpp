@@ -19,22 +19,28 @@ void F_Waldort::btnNeuerWO_Click()
         node = TreeView1.AddChild(parent, offered, offered);
     } catch (const basic::Error&) {
         blnNewNode = false;
-        return; // a node of this name is there already: the user names that one first
+        return;  // a node of this name is there already: the user names that one first
     }
     TreeView1.SetSelectedItem(node);
     ShowKey(node);
-    blnSameNaming = true;
+    nodeNaming = node;
     TreeView1.StartLabelEdit();
     txtName.SetText(basic::Trim(basic::Replace(basic::Mid(node.Key(), 4), kLevelSeparator, " ")));
-    blnDirty = false; // offered, not typed: it would otherwise be saved as the parent's name
+    blnDirty = false;  // offered, not typed: it would otherwise be saved as the parent's name
 }
 
 void F_Waldort::TreeView1_BeforeLabelEdit(bool& Cancel)
 {
-    // Esc leaves a naming without any event: what begins now is a rename, unless we went on with the naming ourselves.
-    if (!std::exchange(blnSameNaming, false)) blnNewNode = false;
     const ui::Node node = TreeView1.SelectedItem();
+    const ui::Node expected = std::exchange(nodeNaming, nullptr);
+    // Esc leaves a naming without any event: what begins now is a rename, unless we went on with the naming ourselves,
+    // and then only at the same node: a click elsewhere gives it up.
+    if (expected != node) blnNewNode = false;
     if (!node) return;
+    if (expected && expected != node) {
+        Cancel = true;
+        return;
+    }
     if (node.ForeColor() == ui::kColorGrayText) {
         Cancel = true;
         return;
@@ -49,34 +55,36 @@ void F_Waldort::TreeView1_AfterLabelEdit(bool& Cancel, std::string& NewString)
     if (basic::Trim(NewString).empty()) {
         Cancel = true;
         blnNewNode = false;
-        if (isRoot) return; // the tree would be gone
+        if (isRoot) return;  // the tree would be gone
         TreeView1.Remove(node);
         ShowSelection();
         return;
     }
+    const std::string oldText = node.Text();
     const std::string typed = isRoot ? NewString : basic::RTrim(basic::Left(NewString, KeyLength()));
     try {
         std::string text = typed;
         if (!AcceptLevelText(node, text)) {
             Cancel = true;
-            ContinueNaming(typed);
+            ContinueNaming(node, typed);
             return;
         }
         if (NameIsTaken(node, text)) {
             ShowMessage(GetText(188));
             Cancel = true;
             ShowKey(node);
-            ContinueNaming(node.Text());
+            ContinueNaming(node, oldText);
             return;
         }
         if (isRoot) {
-            Cancel = true; // the root is no stand
+            Cancel = true;  // the root is no stand
             return;
         }
         StoreName(node, text);
         NewString = text;
     } catch (const basic::Error&) {
         // Nothing was stored: node and boxes go back to the name that the rows have.
+        node.SetText(oldText);
         ShowKey(node);
         blnNewNode = false;
         Cancel = true;
@@ -134,9 +142,9 @@ void F_Waldort::StoreName(const ui::Node& node, const std::string& text)
 }
 
 // The edit goes on, as soon as the one that is ending now has ended.
-void F_Waldort::ContinueNaming(const std::string& offered)
+void F_Waldort::ContinueNaming(const ui::Node& node, const std::string& offered)
 {
-    blnSameNaming = true;
+    nodeNaming = node;
     TreeView1.StartLabelEdit(offered);
 }
 
@@ -182,8 +190,8 @@ void F_Waldort::CreateStand(const ui::Node& node, const std::string& text)
     cmbHolzart.SetListIndex(-1);
     const std::string longName = txtName.Text();
     ResetFields();
-    txtName.SetText(longName); // still the name offered
+    txtName.SetText(longName);  // still the name offered
     blnNewNode = blnDirty = false;
 }
 
-} // namespace kvx
+}  // namespace kvx

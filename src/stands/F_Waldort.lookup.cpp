@@ -69,4 +69,4 @@ std::string F_Waldort::BuildNodeWhere(bool bySelection, bool wholeLevelList)
     return " WHERE WALDORT.ID_WALDORT IN (" + std::string(SelectStart(kvxvar)) + "ID_WALDORT FROM WALDORT" + text + ")";
 }
 
-} // namespace kvx
+}  // namespace kvx

@@ -37,4 +37,4 @@ void F_Waldort::cmdPrint_Click()
     PrintTextToWord(text, 0);
 }
 
-} // namespace kvx
+}  // namespace kvx

@@ -51,7 +51,7 @@ void F_Waldort::ShowStand(const ui::Node& node)
     ResetFields();
     ShowDisabled(false);
     if (!stand.Eof()) ShowRow(stand);
-    blnDirty = false; // what was read is no edit
+    blnDirty = false;  // what was read is no edit
 }
 
 // The exact row of the key in the boxes.
@@ -144,7 +144,7 @@ void F_Waldort::ResetFields()
     txtAlter.SetText(basic::Format(std::int32_t{0}, "0.00"));
     for (ui::TextBox* box : {&txtGemarkung, &txtFlurStuck, &txtParzelle})
         box->SetText("");
-    blnDirty = false; // showing is no edit
+    blnDirty = false;  // showing is no edit
 }
 
 void F_Waldort::ClearFields()
@@ -164,4 +164,4 @@ void F_Waldort::ShowDisabled(bool disabled)
     blnLoading = false;
 }
 
-} // namespace kvx
+}  // namespace kvx

@@ -36,7 +36,7 @@ std::size_t LevelsUsed(const std::array<std::string_view, kStandLevels>& levels)
     return hasGap ? 0 : static_cast<std::size_t>(used - levels.begin());
 }
 
-} // namespace
+}  // namespace
 
 void F_Waldort::Form_Activate()
 {
@@ -126,9 +126,9 @@ void F_Waldort::FillTree(const ado::RowBlock& rows)
 {
     const ui::TreeView::Loading loading(TreeView1);
     const bool allGrey = blnOnlyRead || ID_WALDORT_Root != 0;
-    std::array<std::string_view, kStandLevels> levels; // of the current row
-    std::array<ui::Node, kStandLevels + 1> path;       // path[n]: node of the first n levels
-    std::size_t depth = 0;                             // how far the path is that of the current row
+    std::array<std::string_view, kStandLevels> levels;  // of the current row
+    std::array<ui::Node, kStandLevels + 1> path;        // path[n]: node of the first n levels
+    std::size_t depth = 0;                              // how far the path is that of the current row
     path[0] = TreeView1.FirstTop();
 
     for (std::size_t row = 0; row < rows.Rows(); ++row) {
@@ -193,4 +193,4 @@ void F_Waldort::EnsureParents(std::string_view key)
     }
 }
 
-} // namespace kvx
+}  // namespace kvx

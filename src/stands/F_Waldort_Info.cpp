@@ -12,7 +12,7 @@ namespace kvx {
 
 namespace {
 
-constexpr std::int32_t kFields = 5; // of each kind
+constexpr std::int32_t kFields = 5;  // of each kind
 constexpr std::string_view kNumberFormat = "#####0.00";
 
 std::string InfoAssignment(const std::string& number, const std::string& text)
@@ -26,7 +26,7 @@ std::string ZahlAssignment(const std::string& number, const std::string& text)
     return "ZAHL" + number + " = " + (text.empty() ? "NULL" : basic::Replace(text, ",", "."));
 }
 
-} // namespace
+}  // namespace
 
 F_Waldort_Info::F_Waldort_Info() : Form("F_Waldort_Info")
 {
@@ -210,9 +210,9 @@ void F_Waldort_Info::txtZahl_LostFocus(std::int32_t Index)
 void ShowStandInfo(const KvxVar& kvxvar, std::string_view where)
 {
     const auto form = FormInstance<F_Waldort_Info>::Get();
-    if (form->IsLoaded()) form->Unload(); // a failed save left it behind
+    if (form->IsLoaded()) form->Unload();  // a failed save left it behind
     form->Run(kvxvar, where);
     FormInstance<F_Waldort_Info>::Release();
 }
 
-} // namespace kvx
+}  // namespace kvx

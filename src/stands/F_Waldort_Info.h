@@ -41,9 +41,9 @@ protected:
     void Design() override;
 
 private:
-    KvxVar kvxvar;              // our copy
-    std::unique_ptr<c_Loc> loc; // from the load to the unload
-    std::string strWhere;       // addresses the stand
+    KvxVar kvxvar;               // our copy
+    std::unique_ptr<c_Loc> loc;  // from the load to the unload
+    std::string strWhere;        // addresses the stand
 
     void Wire();
     void LockBox(bool locked, ui::TextBox& box);
@@ -67,4 +67,4 @@ private:
 /// @throws basic::Error as F_Waldort_Info::Run
 void ShowStandInfo(const KvxVar& kvxvar, std::string_view where);
 
-} // namespace kvx
+}  // namespace kvx

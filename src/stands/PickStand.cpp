@@ -34,7 +34,7 @@ bool OutsideApplicationIsOn(const KvxVar& kvxvar)
     return on;
 }
 
-} // namespace
+}  // namespace
 
 void PickStand(const KvxVar& kvxvar, const StandBoxes& boxes, std::int32_t ID_AL, std::string& strHolzart,
                std::int32_t ID_WALDORT_Root)
@@ -95,4 +95,4 @@ void PickWorkStand(const KvxVar& kvxvar, const basic::ObjectRef& txtWaldort, std
     CloseForm();
 }
 
-} // namespace kvx
+}  // namespace kvx

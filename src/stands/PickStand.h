@@ -46,4 +46,4 @@ std::int32_t PickStandId(const KvxVar& kvxvar, std::string& strWO, std::int32_t 
 void PickWorkStand(const KvxVar& kvxvar, const basic::ObjectRef& txtWaldort, std::int32_t& intWaldortId,
                    std::string& txtFlaeche, std::int32_t ID_AL, std::int32_t ID_WALDORT_Root);
 
-} // namespace kvx
+}  // namespace kvx

@@ -99,4 +99,4 @@ std::int32_t Waldort_ID(const KvxVar& kvxvar, const std::int32_t& ID_AL, const S
     return SelectId(kvxvar, statement);
 }
 
-} // namespace kvx
+}  // namespace kvx

@@ -63,4 +63,4 @@ std::string PutWaldortStr(const StandKey& key, std::string_view name);
 /// @throws basic::Error the provider's, e.g. 80040E14 for an apostrophe in a level
 std::int32_t Waldort_ID(const KvxVar& kvxvar, const std::int32_t& ID_AL, const StandKey& key);
 
-} // namespace kvx
+}  // namespace kvx
