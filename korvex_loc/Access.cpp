@@ -19,7 +19,7 @@ std::string_view CodeStart(std::string_view code)
 
 bool LiesUnder(std::string_view code, std::string_view upperCode)
 {
-    return !upperCode.empty() && code.starts_with(CodeStart(upperCode));
+    return !code.empty() && !upperCode.empty() && code.starts_with(CodeStart(upperCode));
 }
 
 struct Level {
@@ -68,7 +68,7 @@ std::string LevelCondition(std::string_view table, const KvxVar& kvxvar, std::in
     return "(" + column + " IS NULL OR " + column + " IN (" + IdList(LevelsUnder(kvxvar, ID_ACCESS_LEVELS)) + "))";
 }
 
-} // namespace
+}  // namespace
 
 std::vector<std::int32_t> LevelsUnder(const KvxVar& kvxvar, std::int32_t ID_ACCESS_LEVELS)
 {
@@ -99,4 +99,4 @@ bool Access::HasRight(const KvxVar& kvxvar, std::string_view code)
     return !found.IsEmpty();
 }
 
-} // namespace kvx::loc
+}  // namespace kvx::loc

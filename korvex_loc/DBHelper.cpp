@@ -41,7 +41,7 @@ bool IsText(ado::DataTypeEnum type)
     }
 }
 
-} // namespace
+}  // namespace
 
 std::string DBHelper::FieldToString(const basic::Variant& value, bool, bool)
 {
@@ -136,4 +136,4 @@ std::string DBHelper::ListItemCaption(const KvxVar& kvxvar, std::string_view nam
     return ColumnCaption(name, kvxvar);
 }
 
-} // namespace kvx::loc
+}  // namespace kvx::loc

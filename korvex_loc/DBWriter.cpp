@@ -16,15 +16,15 @@ namespace {
 
 // One kind of key that the grid workspaces and the find dialog let the user pick or type.
 struct KeySetup {
-    std::string_view name; // in front of _GRID and _VALID
-    std::string_view from; // tables
-    std::string_view key;  // what the box shows
+    std::string_view name;  // in front of _GRID and _VALID
+    std::string_view from;  // tables
+    std::string_view key;   // what the box shows
     bool keyIsNumber;
-    std::string_view longName; // column LONG
+    std::string_view longName;  // column LONG
     std::string_view id;
-    std::string_view gridColumns; // behind SELECT
-    std::int32_t gridArguments;   // parts of the argument of _GRID
-    bool typedKeyFirst;           // _VALID has the typed key in front of them, else behind
+    std::string_view gridColumns;  // behind SELECT
+    std::int32_t gridArguments;    // parts of the argument of _GRID
+    bool typedKeyFirst;            // _VALID has the typed key in front of them, else behind
 };
 
 // clang-format off
@@ -83,7 +83,7 @@ std::string KeyCondition(const KeySetup& setup, std::string_view typedKey)
     return IsWholeNumber(key) ? std::string(setup.key) + " = " + key : "1=2";
 }
 
-} // namespace
+}  // namespace
 
 std::string DBWriter::GridSetup(const KvxVar&, std::string_view name, std::string_view argument)
 {
@@ -154,4 +154,4 @@ void DBWriter::ListViewAutoSize(const KvxVar&, ui::ListView& listView)
     }
 }
 
-} // namespace kvx::loc
+}  // namespace kvx::loc

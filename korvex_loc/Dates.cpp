@@ -50,4 +50,4 @@ std::string Dates::DateForQuery(const basic::Variant& date, const ado::Connectio
     return DateToSQL(date, "YYYYMMDD");
 }
 
-} // namespace kvx::loc
+}  // namespace kvx::loc

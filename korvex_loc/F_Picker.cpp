@@ -29,7 +29,7 @@ bool IsNumber(ado::DataTypeEnum type)
     }
 }
 
-} // namespace
+}  // namespace
 
 F_Picker::F_Picker() : Form("F_Picker")
 {
@@ -78,7 +78,8 @@ std::string F_Picker::Run(const KvxVar& kvxvar, std::string_view select, std::st
     Loc().LocalizeForm(kvxvar, *this);
     ShowColumns(kvxvar);
     SetCaption(title.empty() ? std::string_view(ListView1.ColumnHeaders()[1].Text()) : title);
-    for (std::size_t row = 0; row < rows.Rows(); ++row) shownRows.push_back(row);
+    for (std::size_t row = 0; row < rows.Rows(); ++row)
+        shownRows.push_back(row);
     const auto found = std::ranges::find_if(shownRows, [&](std::size_t row) { return CellText(0, row) == current; });
     if (found != shownRows.end()) selectedRow = *found;
     ShowRows();
@@ -86,7 +87,7 @@ std::string F_Picker::Run(const KvxVar& kvxvar, std::string_view select, std::st
     std::int32_t columnsWidth = 0;
     for (std::int32_t i = 1; i <= ListView1.ColumnHeaders().Count(); ++i)
         columnsWidth += ListView1.ColumnHeaders()[i].Width();
-    constexpr std::int32_t kBeside = 800, kNarrowest = 4800, kWidest = 14000; // scroll bar and margins
+    constexpr std::int32_t kBeside = 800, kNarrowest = 4800, kWidest = 14000;  // scroll bar and margins
     SetWidth(std::clamp(columnsWidth + kBeside, kNarrowest, kWidest));
     Show();
     Unload();
@@ -202,4 +203,4 @@ void F_Picker::btnCancel_Click()
     Hide();
 }
 
-} // namespace kvx::loc
+}  // namespace kvx::loc

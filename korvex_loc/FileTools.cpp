@@ -39,7 +39,7 @@ std::string_view Bare(std::string_view text)
     return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-} // namespace
+}  // namespace
 
 void FileTools::WriteProtocol(std::string_view action, std::string_view object, std::string_view word,
                               std::string_view userName, std::string_view path)
@@ -81,4 +81,4 @@ std::vector<std::string> FileTools::ImageFormats(std::string_view appPath, std::
     return formats;
 }
 
-} // namespace kvx::loc
+}  // namespace kvx::loc

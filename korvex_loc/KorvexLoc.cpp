@@ -29,7 +29,7 @@ public:
     std::unique_ptr<c_Report> NewReport() override { return std::make_unique<loc::Report>(); }
 };
 
-} // namespace
+}  // namespace
 
 SiblingLibrary& KorvexLoc()
 {
@@ -37,4 +37,4 @@ SiblingLibrary& KorvexLoc()
     return library;
 }
 
-} // namespace kvx
+}  // namespace kvx

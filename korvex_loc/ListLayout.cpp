@@ -58,7 +58,7 @@ std::string RowCondition(const KvxVar& kvxvar, std::string_view layout, const ui
            " AND CONTROL = " + Quoted(control.FullName());
 }
 
-} // namespace
+}  // namespace
 
 void ListLayout::LoadLayout(const KvxVar& kvxvar, std::string_view layout, ui::Control& control)
 {
@@ -72,7 +72,7 @@ void ListLayout::LoadLayout(const KvxVar& kvxvar, std::string_view layout, ui::C
         const auto column = std::ranges::find(columns, std::string_view(pair).substr(equals + 1), &Column::name);
         if (column == columns.end() || width < 0 || width > 100000) continue;
         column->setWidth(static_cast<std::int32_t>(width));
-        columns.erase(column); // of two columns of one name the second pair means the second
+        columns.erase(column);  // of two columns of one name the second pair means the second
     }
 }
 
@@ -88,4 +88,4 @@ void ListLayout::SaveLayout(const KvxVar& kvxvar, std::string_view layout, ui::C
                        "," + Quoted(layout) + "," + Quoted(control.FullName()) + "," + Quoted(stored) + ")");
 }
 
-} // namespace kvx::loc
+}  // namespace kvx::loc

@@ -63,4 +63,4 @@ ado::Recordset Loc::RunProcedure(const KvxVar& kvxvar, std::string_view procedur
     return command.Execute();
 }
 
-} // namespace kvx::loc
+}  // namespace kvx::loc

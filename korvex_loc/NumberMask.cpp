@@ -13,7 +13,7 @@ std::int32_t Digits(std::string_view text)
     return static_cast<std::int32_t>(std::ranges::count_if(text, [](char c) { return c >= '0' && c <= '9'; }));
 }
 
-} // namespace
+}  // namespace
 
 NumberMask::NumberMask(std::string_view mask) : minus(mask.starts_with('-'))
 {
@@ -35,7 +35,7 @@ std::int32_t NumberMask::Admit(std::int32_t key, std::string_view before, std::s
     if (key == '-') {
         return minus && before.empty() && !behind.starts_with('-') ? key : 0;
     }
-    if (behind.starts_with('-')) return 0; // nothing goes in front of the sign
+    if (behind.starts_with('-')) return 0;  // nothing goes in front of the sign
     if (key >= '0' && key <= '9') {
         const bool inDecimals = signBefore != kNone;
         const std::int32_t there = inDecimals ? Digits(before.substr(signBefore)) + Digits(behind)
@@ -48,4 +48,4 @@ std::int32_t NumberMask::Admit(std::int32_t key, std::string_view before, std::s
     return fits ? sign : 0;
 }
 
-} // namespace kvx::loc
+}  // namespace kvx::loc

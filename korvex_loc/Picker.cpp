@@ -10,4 +10,4 @@ std::string Picker::PickValue(const KvxVar& kvxvar, std::string_view select, std
     return F_Picker().Run(kvxvar, select, title, current, mask);
 }
 
-} // namespace kvx::loc
+}  // namespace kvx::loc

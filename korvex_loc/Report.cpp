@@ -37,4 +37,4 @@ void Report::ExportTable(const ado::Connection&, std::string_view title, std::st
     OpenTableFile(WriteTableFile(title, lines));
 }
 
-} // namespace kvx::loc
+}  // namespace kvx::loc

@@ -18,9 +18,9 @@ std::string Quoted(std::string_view text)
 std::string NumberOrNull(const basic::Variant& value)
 {
     if (basic::Trim(basic::ToText(value)).empty()) return "NULL";
-    if (const bool* flag = value.As<bool>()) return *flag ? "1" : "0"; // true is -1 as a number, 1 in a database
+    if (const bool* flag = value.As<bool>()) return *flag ? "1" : "0";  // true is -1 as a number, 1 in a database
     const double number = basic::CDbl(value);
-    std::array<char, 400> digits{}; // the longest double has 309 places
+    std::array<char, 400> digits{};  // the longest double has 309 places
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);
     return std::string(digits.data(), end.ptr);
 }
@@ -56,4 +56,4 @@ void UpdateOrInsert(const KvxVar& kvxvar, std::string_view update, std::string_v
     if (recordsAffected == 0) kvxvar.dbAdo.Execute(insert);
 }
 
-} // namespace kvx::loc
+}  // namespace kvx::loc

@@ -36,7 +36,7 @@ std::string FileNameOf(std::string_view title)
     return name.empty() ? time.data() : name + " " + time.data();
 }
 
-} // namespace
+}  // namespace
 
 std::string TableFileText(const TableLines& lines)
 {
@@ -85,4 +85,4 @@ void OpenTableFile(const std::filesystem::path& file)
     }
 }
 
-} // namespace kvx::loc
+}  // namespace kvx::loc

@@ -19,7 +19,7 @@ std::string_view TakeUpTo(std::string_view& text, char end)
     return piece;
 }
 
-} // namespace
+}  // namespace
 
 TextTable::TextTable(std::string_view file, std::size_t keyColumns)
 {
@@ -85,4 +85,4 @@ const TextTable& ColumnHeadings()
     return table;
 }
 
-} // namespace kvx::loc
+}  // namespace kvx::loc

@@ -19,7 +19,7 @@ void PutIfObject(const basic::ObjectRef& object, std::string_view member, std::s
     if (object) object->Put(member, text);
 }
 
-} // namespace
+}  // namespace
 
 bool Wagon::CheckOrderNumber(const KvxVar& kvxvar, std::int16_t flag, std::string_view statement,
                              const basic::ObjectRef& box1, const basic::ObjectRef& box2, std::string_view column,
@@ -47,7 +47,7 @@ bool Wagon::CheckOrderNumber(const KvxVar& kvxvar, std::int16_t flag, std::strin
 namespace {
 
 struct ExportField {
-    std::int32_t id; // stands in saved models: never used for another field
+    std::int32_t id;  // stands in saved models: never used for another field
     std::string_view column;
 };
 
@@ -127,7 +127,7 @@ TableLines ListBoxLines(basic::Object& list)
     return lines;
 }
 
-} // namespace
+}  // namespace
 
 void Wagon::ExportListView(const basic::ObjectRef& list, std::string_view name, const basic::Variant& argument1,
                            const basic::Variant&)
@@ -144,4 +144,4 @@ void Wagon::ExportListView(const basic::ObjectRef& list, std::string_view name, 
     OpenTableFile(WriteTableFile(name, lines));
 }
 
-} // namespace kvx::loc
+}  // namespace kvx::loc

@@ -20,7 +20,7 @@ basic::Date LeapDay()
     return basic::DateOf({.year = 2024, .month = 2, .day = 29});
 }
 
-} // namespace
+}  // namespace
 
 TEST_F(DatesTest, ADateComesInTheFormatOfTheSession)
 {
@@ -97,4 +97,4 @@ TEST_F(DatesTest, AnotherDecimalSignIsNamedByTheCaller)
     EXPECT_EQ(dates.NumberToSQL("12'5", "'"), "12.5");
 }
 
-} // namespace kvx::loc
+}  // namespace kvx::loc

@@ -49,4 +49,4 @@ TEST(GridText, TextInANumberColumnStays)
     EXPECT_EQ(GridTextLines("BFORMAT\t0;\t\r\n;ROW\tWaggonNr\tOrt\t\r\n"), (TableLines{{"WaggonNr", "Ort"}}));
 }
 
-} // namespace kvx::loc
+}  // namespace kvx::loc

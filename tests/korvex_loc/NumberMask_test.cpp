@@ -25,7 +25,7 @@ std::int32_t German(std::string_view mask, char key, std::string_view before, st
     return NumberMask(mask).Admit(key, before, behind, ",");
 }
 
-} // namespace
+}  // namespace
 
 // A row a case: mask, decimal sign, keys typed, text that stands in the box.
 TEST(NumberMask, EveryMaskOfTheDialogsAdmitsWhatItCanShow)
@@ -99,4 +99,4 @@ TEST(NumberMask, AMaskWithoutDigitsLimitsNothing)
     EXPECT_EQ(NumberMask("@").Admit('x', "1", "", ","), 'x');
 }
 
-} // namespace kvx::loc
+}  // namespace kvx::loc

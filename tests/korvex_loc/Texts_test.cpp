@@ -44,7 +44,7 @@ std::string TextsFolder()
     return KVX_SOURCE_DIR "/korvex_loc/texts/";
 }
 
-} // namespace
+}  // namespace
 
 TEST(TextTable, RowsAreFoundByTheirWholeKey)
 {
@@ -146,4 +146,4 @@ TEST(Texts, ColumnNamesAreCapitals)
         EXPECT_EQ(basic::UCase(row.key), row.key);
 }
 
-} // namespace kvx::loc
+}  // namespace kvx::loc
