@@ -8,109 +8,124 @@
 
 #include <array>
 #include <initializer_list>
+#include <memory>
+#include <optional>
 
 namespace kvx {
 
 namespace {
 
-std::string GetText(std::int32_t id, const KvxVar& kvxvar)
-{
-    return Siblings().NewLoc()->GetText(id, kvxvar);
-}
+// What one check works with: the session, its texts (the customer's own wording is read once for all lines) and the
+// loaded list.
+class Check {
+public:
+    explicit Check(const KvxVar& session)
+        : kvxvar(session), form(LoadMessageBox()), loc_(Siblings().NewLoc()), helper_(Siblings().NewDBHelper())
+    {
+    }
 
-std::string AsText(const ado::Field& field)
-{
-    return Siblings().NewDBHelper()->FieldToString(field.Value(), false, false);
-}
+    std::string Text(std::int32_t id) const { return loc_->GetText(id, kvxvar); }
+    std::string AsText(const ado::Field& field) const { return helper_->FieldToString(field.Value(), false, false); }
+    double AsNumber(const ado::Field& field) const { return helper_->FieldToNumber(field.Value()); }
+    void AddLine(std::string_view line) const { form->List1.AddItem(line); }
+    /// Text 202 or the like, what stands between, text 203.
+    std::string Prompt(std::int32_t firstText, std::string_view between) const
+    {
+        return Text(firstText) + std::string(between) + Text(203);
+    }
 
-void AddLine(std::string_view line)
-{
-    LoadMessageBox()->List1.AddItem(line);
-}
+    const KvxVar& kvxvar;
+    const std::shared_ptr<F_MessageBox> form;
 
-// Reads one column, merging runs of equal values into one line each.
-bool ScanColumn(const std::string& statement, std::int32_t labelText, const KvxVar& kvxvar)
+private:
+    std::unique_ptr<c_Loc> loc_;
+    std::unique_ptr<c_DBHelper> helper_;
+};
+
+// Reads one column, merging runs of equal values into one line each. NULL counts as an empty text.
+bool ScanColumn(const Check& check, const std::string& statement, std::int32_t labelText)
 {
     ado::Recordset recordset;
-    recordset.Open(statement, kvxvar.dbAdo);
-    const bool bolFound = !recordset.Eof();
-    if (!bolFound) return true;
+    recordset.Open(statement, check.kvxvar.dbAdo);
+    if (recordset.Eof()) return true;
 
-    const std::string label = GetText(labelText, kvxvar) + ": ";
+    const std::string label = check.Text(labelText) + ": ";
+    const ado::Field first = recordset[0];
     std::string strLast;
     for (; !recordset.Eof(); recordset.MoveNext()) {
-        const std::string value = AsText(recordset[0]);
+        const std::string value = check.AsText(first);
         if (strLast.empty()) strLast = value;
         if (value == strLast) continue;
-        AddLine(label + strLast);
+        check.AddLine(label + strLast);
         strLast = value;
     }
-    AddLine(label + strLast);
+    check.AddLine(label + strLast);
     return false;
 }
 
-bool CheckLogsReltable(std::int32_t level, std::int32_t id, const KvxVar& kvxvar)
+bool CheckLogsReltable(const Check& check, std::int32_t level, std::int32_t id)
 {
-    return ScanColumn("SELECT LISTE FROM LOGS WHERE RELTABLE" + std::to_string(level) + " = " + std::to_string(id) +
+    return ScanColumn(check,
+                      "SELECT LISTE FROM LOGS WHERE RELTABLE" + std::to_string(level) + " = " + std::to_string(id) +
                           " GROUP BY LISTE ",
-                      726, kvxvar);
+                      726);
 }
 
-bool CheckAuftragForstamt(std::int32_t id, const KvxVar& kvxvar)
+bool CheckAuftragForstamt(const Check& check, std::int32_t id)
 {
     return ScanColumn(
-        "SELECT NAME FROM ARBEITSAUFTRAG_KOPF WHERE FORSTAMT = " + std::to_string(id) + " GROUP BY NAME ", 1178,
-        kvxvar);
+        check, "SELECT NAME FROM ARBEITSAUFTRAG_KOPF WHERE FORSTAMT = " + std::to_string(id) + " GROUP BY NAME ", 1178);
 }
 
-bool CheckLogsRechColumn(std::string_view column, std::int32_t id, const KvxVar& kvxvar)
+bool CheckLogsRechColumn(const Check& check, std::string_view column, std::int32_t id)
 {
     const std::string col(column);
-    return ScanColumn("SELECT LOGS.LISTE, " + col +
+    return ScanColumn(check,
+                      "SELECT LOGS.LISTE, " + col +
                           " FROM LOGS INNER JOIN LOGS_RECH ON LOGS.ID_LOG = LOGS_RECH.ID_LOG  WHERE  " + col + " = " +
                           std::to_string(id) + " AND " + col + " <> 0 GROUP BY LOGS.LISTE, " + col,
-                      726, kvxvar);
+                      726);
 }
 
-bool CheckVertraege(std::int32_t id, const KvxVar& kvxvar)
+bool CheckVertraege(const Check& check, std::int32_t id)
 {
-    return ScanColumn("SELECT VERTRAG_NAME FROM VERTRAEGE WHERE ID_PERSONAL = " + std::to_string(id), 1528, kvxvar);
+    return ScanColumn(check, "SELECT VERTRAG_NAME FROM VERTRAEGE WHERE ID_PERSONAL = " + std::to_string(id), 1528);
 }
 
 // Roles of a list in LOGS. A list is found by the id in any role, and then every filled party column marks its role,
 // also those of other parties: the lines tell which roles the list has, not which the person has.
 class ListRoles {
 public:
-    explicit ListRoles(const KvxVar& kvxvar) : kvxvar_(kvxvar) {}
+    explicit ListRoles(const Check& check) : check_(check) {}
 
     void Clear() { strRoles_ = {}; }
 
-    void Set(const basic::Variant& value, std::size_t index)
+    void Set(const ado::Field& party, std::size_t index)
     {
-        if (!strRoles_[index].empty()) return;
-        if (Siblings().NewDBHelper()->FieldToNumber(value) > 0) strRoles_[index] = GetText(kRoleTexts[index], kvxvar_);
+        if (strRoles_[index].empty() && check_.AsNumber(party) > 0) strRoles_[index] = check_.Text(kRoleTexts[index]);
     }
 
     std::string Join() const
     {
         std::string joined;
-        for (const std::string& role : strRoles_) joined += role;
+        for (const std::string& role : strRoles_)
+            joined += role;
         return joined;
     }
 
     void AddLines(std::string_view list) const
     {
         if (Join().empty()) return;
-        AddLine(GetText(726, kvxvar_) + ": " + std::string(list));
+        check_.AddLine(check_.Text(726) + ": " + std::string(list));
         for (const std::string& role : strRoles_)
-            if (!role.empty()) AddLine("  " + GetText(1124, kvxvar_) + ": " + role);
+            if (!role.empty()) check_.AddLine("  " + check_.Text(1124) + ": " + role);
     }
 
     // MANDANTEN_ID, R_KUNDE, A1_KUNDE to A8_KUNDE.
     static constexpr std::array<std::int32_t, 10> kRoleTexts{100, 460, 3074, 3075, 3076, 3077, 3078, 3079, 3080, 3081};
 
 private:
-    const KvxVar& kvxvar_;
+    const Check& check_;
     std::array<std::string, 10> strRoles_;
 };
 
@@ -118,30 +133,34 @@ std::string RolesStatement(std::int32_t intId)
 {
     const std::string id = std::to_string(intId);
     std::string statement = "SELECT LOGS.LISTE, LOGS.MANDANTEN_ID, LOGS_RECH.R_KUNDE";
-    for (int i = 1; i <= 8; ++i) statement += ", LOGS_RECH.A" + std::to_string(i) + "_KUNDE";
+    for (int i = 1; i <= 8; ++i)
+        statement += ", LOGS_RECH.A" + std::to_string(i) + "_KUNDE";
     statement += " FROM LOGS, LOGS_RECH WHERE LOGS.ID_LOG = LOGS_RECH.ID_LOG AND ( LOGS.MANDANTEN_ID = " + id +
                  " OR LOGS_RECH.R_KUNDE = " + id;
-    for (int i = 1; i <= 8; ++i) statement += " OR LOGS_RECH.A" + std::to_string(i) + "_KUNDE = " + id;
+    for (int i = 1; i <= 8; ++i)
+        statement += " OR LOGS_RECH.A" + std::to_string(i) + "_KUNDE = " + id;
     return statement + ") ORDER BY LOGS.LISTE";
 }
 
-bool CheckLogsRoles(std::int32_t id, const KvxVar& kvxvar)
+bool CheckLogsRoles(const Check& check, std::int32_t id)
 {
-    ListRoles roles(kvxvar);
+    ListRoles roles(check);
     ado::Recordset recordset;
-    recordset.Open(RolesStatement(id), kvxvar.dbAdo);
+    recordset.Open(RolesStatement(id), check.kvxvar.dbAdo);
     const bool bolFound = !recordset.Eof();
     std::string strLast;
     for (; !recordset.Eof(); recordset.MoveNext()) {
-        const std::string list = AsText(recordset[0]);
+        const std::string list = check.AsText(recordset[0]);
         if (strLast.empty()) strLast = list;
         if (list != strLast) {
             roles.AddLines(strLast);
             roles.Clear();
             strLast = list;
         }
-        for (std::size_t i = 0; i < ListRoles::kRoleTexts.size(); ++i) roles.Set(recordset[i + 1].Value(), i);
+        for (std::size_t i = 0; i < ListRoles::kRoleTexts.size(); ++i)
+            roles.Set(recordset[i + 1], i);
     }
+    recordset.Close();
     if (bolFound) roles.AddLines(strLast);
     return !bolFound;
 }
@@ -154,57 +173,58 @@ constexpr VerTypeName kVerTypes[] = {
     {"A1", 646}, {"A2", 649}, {"A3", 652}, {"A4", 655}, {"A5", 629}, {"A6", 632}, {"A7", 635}, {"A8", 638},
 };
 
-std::string GetVerTypeLabel(std::string_view strVerType, const KvxVar& kvxvar)
+std::string GetVerTypeLabel(const Check& check, std::string_view strVerType)
 {
     const std::string type = basic::UCase(strVerType);
     for (const VerTypeName& row : kVerTypes)
-        if (row.type == type) return basic::Trim(GetText(row.text, kvxvar));
-    return GetText(164, kvxvar);
+        if (row.type == type) return basic::Trim(check.Text(row.text));
+    return check.Text(164);
 }
 
 // Later-invoice positions and advance payments: two lines a row, the kind of sale with its name and what it is there.
-bool ScanSales(const std::string& statement, std::int32_t secondLineText, const KvxVar& kvxvar)
+bool ScanSales(const Check& check, const std::string& statement, std::int32_t secondLineText)
 {
     ado::Recordset recordset;
-    recordset.Open(statement, kvxvar.dbAdo, ado::adOpenForwardOnly, ado::adLockReadOnly);
+    recordset.Open(statement, check.kvxvar.dbAdo, ado::adOpenForwardOnly, ado::adLockReadOnly);
     const bool bolFree = recordset.Eof();
     for (; !recordset.Eof(); recordset.MoveNext()) {
-        AddLine(GetVerTypeLabel(basic::ToText(recordset[1].Value()), kvxvar) + ": " +
-                basic::ToText(recordset[0].Value()));
-        AddLine("  " + GetText(secondLineText, kvxvar));
+        check.AddLine(GetVerTypeLabel(check, basic::ToText(recordset[1].Value())) + ": " +
+                      basic::ToText(recordset[0].Value()));
+        check.AddLine("  " + check.Text(secondLineText));
     }
     return bolFree;
 }
 
-bool CheckNNKunde(std::int32_t id, const KvxVar& kvxvar)
+bool CheckNNKunde(const Check& check, std::int32_t id)
 {
-    return ScanSales("SELECT NN_NAME, VER_TYPE FROM NN_POSITIONEN WHERE KUNDE_ID = " + std::to_string(id) +
+    return ScanSales(check,
+                     "SELECT NN_NAME, VER_TYPE FROM NN_POSITIONEN WHERE KUNDE_ID = " + std::to_string(id) +
                          " GROUP BY NN_NAME, VER_TYPE",
-                     460, kvxvar);
+                     460);
 }
 
-bool CheckAbschlagArtikel(std::int32_t id, const KvxVar& kvxvar)
+bool CheckAbschlagArtikel(const Check& check, std::int32_t id)
 {
-    return ScanSales("SELECT DISTINCT RECH_NAME,VER_TYPE FROM ABSCHLAG WHERE ART_ID = " + std::to_string(id), 1530,
-                     kvxvar);
+    return ScanSales(check, "SELECT DISTINCT RECH_NAME,VER_TYPE FROM ABSCHLAG WHERE ART_ID = " + std::to_string(id),
+                     1530);
 }
 
-bool CheckNNArtikel(std::int32_t id, const KvxVar& kvxvar)
+bool CheckNNArtikel(const Check& check, std::int32_t id)
 {
-    return ScanSales("SELECT NN_NAME,VER_TYPE FROM NN_POSITIONEN WHERE ARTICLE_ID = " + std::to_string(id), 1531,
-                     kvxvar);
+    return ScanSales(check, "SELECT NN_NAME,VER_TYPE FROM NN_POSITIONEN WHERE ARTICLE_ID = " + std::to_string(id),
+                     1531);
 }
 
-bool CheckWarenkatalogLieferant(std::int32_t id, const KvxVar& kvxvar)
+bool CheckWarenkatalogLieferant(const Check& check, std::int32_t id)
 {
     ado::Recordset recordset;
     recordset.Open("SELECT BEZEICH1 FROM WARENKATALOG WHERE LIEFERANT_ID = " + std::to_string(id) +
                        " AND LIEFERANT_ID <> 0",
-                   kvxvar.dbAdo);
+                   check.kvxvar.dbAdo);
     const bool bolFree = recordset.Eof();
     for (; !recordset.Eof(); recordset.MoveNext()) {
-        AddLine(GetText(565, kvxvar) + " :" + AsText(recordset[0]));
-        AddLine("  " + GetText(1124, kvxvar) + ": " + GetText(340, kvxvar));
+        check.AddLine(check.Text(565) + " :" + check.AsText(recordset[0]));
+        check.AddLine("  " + check.Text(1124) + ": " + check.Text(340));
     }
     return bolFree;
 }
@@ -212,10 +232,10 @@ bool CheckWarenkatalogLieferant(std::int32_t id, const KvxVar& kvxvar)
 // How a scanned table is asked for a cost code, and how its hits are named.
 struct CodeScan {
     std::string_view scanned;
-    std::string_view select;         // in front of the condition
-    std::string_view ofPerson;       // restriction to one owner, in front of the id
-    std::string_view ofPersonEnd;    // and behind it
-    std::string_view group;          // behind it all
+    std::string_view select;       // in front of the condition
+    std::string_view ofPerson;     // restriction to one owner, in front of the id
+    std::string_view ofPersonEnd;  // and behind it
+    std::string_view group;        // behind it all
     std::int32_t labelText;
 };
 // clang-format off
@@ -232,8 +252,8 @@ constexpr CodeScan kCodeScans[] = {
 };
 // clang-format on
 
-bool CheckBBFTable(std::string_view scanned, std::string_view col, std::int32_t idPersonal, std::string_view table_name,
-                   std::string_view table, const KvxVar& kvxvar)
+bool CheckBBFTable(const Check& check, std::string_view scanned, std::string_view col, std::int32_t idPersonal,
+                   std::string_view table_name, std::string_view table)
 {
     if (col.empty()) return true;
     const std::string wanted = basic::UCase(scanned);
@@ -242,15 +262,14 @@ bool CheckBBFTable(std::string_view scanned, std::string_view col, std::int32_t 
         std::string statement(scan.select);
         statement.append(" WHERE ").append(col).append(" IN (SELECT ID FROM ").append(table);
         statement.append(" WHERE TABLE_NAME = '").append(table_name).append("' )");
-        if (idPersonal > 0)
-            statement.append(scan.ofPerson).append(std::to_string(idPersonal)).append(scan.ofPersonEnd);
+        if (idPersonal > 0) statement.append(scan.ofPerson).append(std::to_string(idPersonal)).append(scan.ofPersonEnd);
         statement.append(scan.group);
 
         ado::Recordset recordset;
-        recordset.Open(statement, kvxvar.dbAdo);
+        recordset.Open(statement, check.kvxvar.dbAdo);
         const bool bolFree = recordset.Eof();
         for (; !recordset.Eof(); recordset.MoveNext())
-            AddLine(GetText(scan.labelText, kvxvar) + ": " + basic::ToText(recordset[0].Value()));
+            check.AddLine(check.Text(scan.labelText) + ": " + basic::ToText(recordset[0].Value()));
         return bolFree;
     }
     return true;
@@ -290,26 +309,38 @@ std::string PersonName(std::int32_t intId, const KvxVar& kvxvar)
                                                 "PERSONAL.ID_PERSONAL = " + std::to_string(intId));
 }
 
-}  // namespace
-
-std::string UsagePrompt(std::int32_t firstText, std::string_view separatorAndName, const KvxVar& kvxvar)
+// @return nothing: the office has no row of its own any more
+std::optional<std::string> OfficeName(const Check& check, std::int32_t id)
 {
-    return GetText(firstText, kvxvar) + std::string(separatorAndName) + GetText(203, kvxvar);
+    ado::Recordset recordset;
+    recordset.Open("SELECT KURZNAME FROM RELTABLE WHERE ID = " + std::to_string(id), check.kvxvar.dbAdo);
+    if (recordset.Eof()) return {};
+    return check.AsText(recordset[0]);
 }
+
+bool ScanCode(const Check& check, std::string_view table, std::string_view table_name, std::int32_t idPersonal)
+{
+    if (table_name.empty()) return true;
+    bool bolFree = true;
+    for (std::string_view scanned : {"ARBEITSAUFTRAG", "ARBEITSAUFTRAG_KOPF", "BELEGE", "LAGER"}) {
+        const std::string col = GetBBFKeyColumn(scanned, table);
+        if (!CheckBBFTable(check, scanned, col, idPersonal, table_name, table)) bolFree = false;
+    }
+    return bolFree;
+}
+
+}  // namespace
 
 bool CheckForstamtUsage(std::int32_t intReltableId_dll, std::int32_t intReltable_dll, const KvxVar& kvxvar)
 {
-    const auto form = LoadMessageBox();
-    form->List1.Clear();
+    const Check check(kvxvar);
+    check.form->List1.Clear();
     bool bolFree = true;
-    if (intReltable_dll > 0) bolFree = CheckLogsReltable(intReltable_dll, intReltableId_dll, kvxvar);
-    bolFree = CheckAuftragForstamt(intReltableId_dll, kvxvar) && bolFree;
+    if (intReltable_dll > 0) bolFree = CheckLogsReltable(check, intReltable_dll, intReltableId_dll);
+    bolFree = CheckAuftragForstamt(check, intReltableId_dll) && bolFree;
     if (!bolFree) {
-        ado::Recordset recordset;
-        recordset.Open("SELECT KURZNAME FROM RELTABLE WHERE ID = " + std::to_string(intReltableId_dll), kvxvar.dbAdo);
-        if (!recordset.Eof()) {
-            form->Run(F_MessageBox::kWhereUsed, UsagePrompt(1616, " '" + AsText(recordset[0]) + "' ", kvxvar));
-        }
+        const std::optional<std::string> name = OfficeName(check, intReltableId_dll);
+        if (name) check.form->Run(F_MessageBox::kWhereUsed, check.Prompt(1616, " '" + *name + "' "));
     }
     ReleaseMessageBox();
     return bolFree;
@@ -317,19 +348,16 @@ bool CheckForstamtUsage(std::int32_t intReltableId_dll, std::int32_t intReltable
 
 bool CheckPersonalUsage(const KvxVar& kvxvar, std::int32_t intId, std::int32_t intStMandanten)
 {
-    const auto form = LoadMessageBox();
-    bool bolFree = true;
+    const Check check(kvxvar);
+    bool bolFree = false;
     if (intId == intStMandanten) {
-        AddLine(GetText(3626, kvxvar));
-        bolFree = false;
+        check.AddLine(check.Text(3626));
     } else {
-        bolFree = CheckLogsRoles(intId, kvxvar);
-        bolFree = CheckWarenkatalogLieferant(intId, kvxvar) && bolFree;
-        bolFree = CheckNNKunde(intId, kvxvar) && bolFree;
+        bolFree = CheckLogsRoles(check, intId);
+        bolFree = CheckWarenkatalogLieferant(check, intId) && bolFree;
+        bolFree = CheckNNKunde(check, intId) && bolFree;
     }
-    if (!bolFree) {
-        form->Run(F_MessageBox::kWhereUsed, UsagePrompt(202, " '" + PersonName(intId, kvxvar) + "' ", kvxvar));
-    }
+    if (!bolFree) check.form->Run(F_MessageBox::kWhereUsed, check.Prompt(202, " '" + PersonName(intId, kvxvar) + "' "));
     ReleaseMessageBox();
     return bolFree;
 }
@@ -337,28 +365,28 @@ bool CheckPersonalUsage(const KvxVar& kvxvar, std::int32_t intId, std::int32_t i
 bool CheckPersonUsage(const KvxVar& kvxvar, std::int32_t intId, std::string_view column, std::uint8_t intKey,
                       std::int32_t KundeID)
 {
-    const auto form = LoadMessageBox();
-    form->List1.Clear();
+    const Check check(kvxvar);
+    check.form->List1.Clear();
     bool bolFree = true;
     if (intKey == 1) {
-        bolFree = CheckLogsRechColumn(column, intId, kvxvar);
-        bolFree = CheckVertraege(intId, kvxvar) && bolFree;
+        bolFree = CheckLogsRechColumn(check, column, intId);
+        bolFree = CheckVertraege(check, intId) && bolFree;
     } else if (intKey == 2) {
-        bolFree = CheckWarenkatalogLieferant(KundeID, kvxvar);
+        bolFree = CheckWarenkatalogLieferant(check, KundeID);
     }
-    if (!bolFree) form->ShowWhereUsed(UsagePrompt(202, " '" + PersonName(intId, kvxvar) + "' ", kvxvar));
+    if (!bolFree) check.form->ShowWhereUsed(check.Prompt(202, " '" + PersonName(intId, kvxvar) + "' "));
     ReleaseMessageBox();
     return bolFree;
 }
 
 bool CheckArtikelUsage(std::int32_t intId, const KvxVar& kvxvar)
 {
-    const auto form = LoadMessageBox();
-    bool bolFree = CheckAbschlagArtikel(intId, kvxvar);
-    bolFree = CheckNNArtikel(intId, kvxvar) && bolFree;
+    const Check check(kvxvar);
+    bool bolFree = CheckAbschlagArtikel(check, intId);
+    bolFree = CheckNNArtikel(check, intId) && bolFree;
     if (!bolFree) {
-        form->Run(F_MessageBox::kWhereUsed,
-                  UsagePrompt(202, " '" + GetArtikelName(intId, kvxvar.dbAdo) + "' ", kvxvar));
+        const std::string name = GetArtikelName(intId, kvxvar.dbAdo);
+        check.form->Run(F_MessageBox::kWhereUsed, check.Prompt(202, " '" + name + "' "));
     }
     ReleaseMessageBox();
     return bolFree;
@@ -366,33 +394,41 @@ bool CheckArtikelUsage(std::int32_t intId, const KvxVar& kvxvar)
 
 bool CheckBBFUsage(std::string_view table, std::string_view table_name, const KvxVar& kvxvar, std::int32_t idPersonal)
 {
-    if (table_name.empty()) return true;
-    bool bolFree = true;
-    for (std::string_view scanned : {"ARBEITSAUFTRAG", "ARBEITSAUFTRAG_KOPF", "BELEGE", "LAGER"}) {
-        const std::string col = GetBBFKeyColumn(scanned, table);
-        if (!CheckBBFTable(scanned, col, idPersonal, table_name, table, kvxvar)) bolFree = false;
-    }
+    return table_name.empty() || ScanCode(Check(kvxvar), table, table_name, idPersonal);
+}
+
+bool CheckBBFTablesUsage(std::string_view strLabel, std::string_view table, std::string_view table_name,
+                         const KvxVar& kvxvar)
+{
+    const Check check(kvxvar);
+    const bool bolFree = ScanCode(check, table, table_name, /*idPersonal=*/0);
+    if (!bolFree) check.form->Run(F_MessageBox::kWhereUsed, strLabel);
+    ReleaseMessageBox();
     return bolFree;
 }
 
 std::string CheckTableUsage(std::string_view strSQL, std::int32_t intName, std::int32_t intPrompt, const KvxVar& kvxvar)
 {
-    const auto form = LoadMessageBox();
-    AddLine(GetText(intName, kvxvar) + ":");
+    const Check check(kvxvar);
+    check.AddLine(check.Text(intName) + ":");
     bool bolFree = true;
     {
         ado::Recordset recordset;
         recordset.Open(strSQL, kvxvar.dbAdo);
         for (; !recordset.Eof(); recordset.MoveNext()) {
             bolFree = false;
-            AddLine(" " + AsText(recordset[0]));
+            check.AddLine(" " + check.AsText(recordset[0]));
         }
     }
-    if (!bolFree) {
-        form->Run(F_MessageBox::kWhereUsed, UsagePrompt(202, " " + GetText(intPrompt, kvxvar) + " ", kvxvar));
-    }
+    if (!bolFree) check.form->Run(F_MessageBox::kWhereUsed, check.Prompt(202, " " + check.Text(intPrompt) + " "));
     ReleaseMessageBox();
     return basic::BooleanText(bolFree);
+}
+
+std::string UsagePrompt(std::int32_t firstText, std::string_view separatorAndName, const KvxVar& kvxvar)
+{
+    const auto loc = Siblings().NewLoc();
+    return loc->GetText(firstText, kvxvar) + std::string(separatorAndName) + loc->GetText(203, kvxvar);
 }
 
 std::string GetArtikelName(std::int32_t ID, const ado::Connection& dbAdo_dll)

@@ -26,7 +26,11 @@ bool CheckPersonUsage(const KvxVar& kvxvar, std::int32_t intId, std::string_view
                       std::int32_t KundeID);
 /// A goods article.
 bool CheckArtikelUsage(std::int32_t intId, const KvxVar& kvxvar);
-/// A code of a cost table; adds its lines to the loaded list and shows nothing.
+/// A code of a cost table, whoever it belongs to. @param strLabel prompt above the lines; @param table code table;
+/// @param table_name list inside it, empty: always free
+bool CheckBBFTablesUsage(std::string_view strLabel, std::string_view table, std::string_view table_name,
+                         const KvxVar& kvxvar);
+/// The scans of a code; adds their lines to the loaded list and shows nothing.
 /// @param idPersonal above 0: only what belongs to this owner counts
 bool CheckBBFUsage(std::string_view table, std::string_view table_name, const KvxVar& kvxvar, std::int32_t idPersonal);
 /// Statement of the caller's own, whose first column names the rows that use the record.

@@ -17,6 +17,19 @@ std::string F_Tabellen2::FieldText(std::int32_t index)
     return Siblings().NewDBHelper()->FieldToString(Data1.Recordset()[index].Value(), false, false);
 }
 
+// The rows anew; the boxes keep what they show.
+void F_Tabellen2::RefreshData()
+{
+    bolLoading = true;
+    try {
+        Data1.Refresh();
+    } catch (...) {
+        bolLoading = false;
+        throw;
+    }
+    bolLoading = false;
+}
+
 void F_Tabellen2::SSTab1_Click(std::int16_t)
 {
     if (!bolLoading) SelectTab();
@@ -35,15 +48,8 @@ void F_Tabellen2::SelectTab()
     if (intKind == kWageGroupKind) query = kWageGroupQuery;
     if (!query.empty()) strQuery = FillCodeListQuery(query, kvxvar, strGroup, strTable, SSTab1.TabCaption(tab));
 
-    bolLoading = true;
     Data1.SetRecordSource(strQuery);
-    try {
-        Data1.Refresh();
-    } catch (...) {
-        bolLoading = false;
-        throw;
-    }
-    bolLoading = false;
+    RefreshData();
     if (Visible()) DataGrid1.SetFocus();
     FillFields();
     SetColumnCaptions();
@@ -120,7 +126,8 @@ void F_Tabellen2::btnNeu_Click()
     btnNeu.SetEnabled(false);
     // Here the user overwrites the values of the row that was current.
     if (intKind == kWageGroupKind || intKind == 15 || intKind == 16) return;
-    for (ui::TextBox* box : fieldBoxes) box->SetText("");
+    for (ui::TextBox* box : fieldBoxes)
+        box->SetText("");
     txtField1.SetFocus();
 }
 

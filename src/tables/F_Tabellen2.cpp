@@ -30,7 +30,8 @@ void F_Tabellen2::Design()
     Data1.SetVisible(false);
     for (ui::Control* control : std::initializer_list<ui::Control*>{&txtField1, &txtField2, &txtField3, &chkDisable})
         control->SetContainer(&Frame1);
-    for (ui::TextBox* box : fieldBoxes) box->SetWidth(kDesignBoxTwips);
+    for (ui::TextBox* box : fieldBoxes)
+        box->SetWidth(kDesignBoxTwips);
 
     chkDisable.SetCaption("Disable");
     btnNeu.SetCaption("Neu");
@@ -39,15 +40,16 @@ void F_Tabellen2::Design()
     btnLoschen.SetCaption("Löschen");
     cmdPrint.SetCaption("Print");
     btnOK.SetCaption("Ok");
-    for (ui::Button* button : {&btnNeu, &btnAbrechen, &btnSpeichern, &btnLoschen}) button->SetEnabled(false);
+    for (ui::Button* button : {&btnNeu, &btnAbrechen, &btnSpeichern, &btnLoschen})
+        button->SetEnabled(false);
     Timer1.SetInterval(500);
     Timer1.SetEnabled(false);
 
     // The tab strip comes first, so that opening the form does not begin to browse.
     std::int16_t tabIndex = 0;
-    for (ui::Control* control : std::initializer_list<ui::Control*>{
-             &SSTab1, &DataGrid1, &txtField1, &txtField2, &txtField3, &chkDisable, &btnNeu, &btnSpeichern, &btnAbrechen,
-             &btnLoschen, &cmdPrint, &btnOK})
+    for (ui::Control* control :
+         std::initializer_list<ui::Control*>{&SSTab1, &DataGrid1, &txtField1, &txtField2, &txtField3, &chkDisable,
+                                             &btnNeu, &btnSpeichern, &btnAbrechen, &btnLoschen, &cmdPrint, &btnOK})
         control->SetTabIndex(tabIndex++);
 }
 
@@ -88,6 +90,8 @@ void F_Tabellen2::Run(const KvxVar& kvxvar_dll, std::string_view strTableName_dl
     bolSaved = false;
     bolLoading = true;
     bolNew = false;
+    // A call that an error ended has left the form loaded, as its list wanted it: the next list starts from the design.
+    if (!Visible()) Unload();
     Load();
     strDecimal = basic::Mid(basic::Format(0.0, "0.0"), 2, 1);
     Timer1.SetEnabled(false);
@@ -107,6 +111,8 @@ void F_Tabellen2::Run(const KvxVar& kvxvar_dll, std::string_view strTableName_dl
     loc->LocalizeForm(kvxvar, *this);
 
     if (!bolPrint) {
+        // The edit line shows the first row before the grid is clicked: who edits it at once sees what will be saved.
+        FillFields();
         Show();
         return;
     }
@@ -138,7 +144,8 @@ void F_Tabellen2::LoadKind()
     SSTab1.SetTabs(static_cast<std::int16_t>(kind->tabs.size()));
     if (kind->tabsPerRow != 0) SSTab1.SetTabsPerRow(kind->tabsPerRow);
     std::int16_t tab = 0;
-    for (const CodeListTab& row : kind->tabs) SSTab1.SetTabCaption(tab++, GetText(row.captionText));
+    for (const CodeListTab& row : kind->tabs)
+        SSTab1.SetTabCaption(tab++, GetText(row.captionText));
     strTable = kind->table;
     strKeyField = kind->keyField;
     strGroup = kind->tabs[0].group;
@@ -153,7 +160,8 @@ void F_Tabellen2::LoadKind()
 void F_Tabellen2::SetFieldLayout()
 {
     if (kind == nullptr) {
-        for (ui::TextBox* box : fieldBoxes) box->SetVisible(false);
+        for (ui::TextBox* box : fieldBoxes)
+            box->SetVisible(false);
         chkDisable.SetVisible(false);
         return;
     }
@@ -186,7 +194,7 @@ void F_Tabellen2::LayoutEditLine()
         box->Move(left, top, box->Width(), 315);
         left += box->Width() + kGapTwips;
     }
-    chkDisable.Move(left + 60, top, kDisableTwips - 60, 315);
+    chkDisable.Move(left, top, kDisableTwips, 315);
 }
 
 void F_Tabellen2::SetColumnCaptions()
@@ -240,7 +248,8 @@ void F_Tabellen2::Form_Resize()
     const std::int32_t fullRows = SSTab1.Tabs() / SSTab1.TabsPerRow();
     const std::int32_t stripHeight = 330 * SSTab1.Rows() + 60;
     // The frame lies over the strip, not on a page of it: every tab shows the same grid.
-    Frame1.Move(SSTab1.Left() + 120, SSTab1.Top() + stripHeight, SSTab1.Width() - 240 - 160 * fullRows, SSTab1.Height() - 1200);
+    Frame1.Move(SSTab1.Left() + 120, SSTab1.Top() + stripHeight, SSTab1.Width() - 240 - 160 * fullRows,
+                SSTab1.Height() - 1200);
     DataGrid1.Move(120, 200, Frame1.Width() - 240, Frame1.Height() - 840);
 
     const std::int32_t left = width - 1400;

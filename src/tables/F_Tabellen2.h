@@ -20,8 +20,9 @@
 
 namespace kvx {
 
-/// "Tabellen": the short code lists, browsed in a grid and edited in the line below it. What a list is, CodeListCatalogue
-/// tells. The buttons follow the focus: the grid means browsing, a box of the edit line means editing.
+/// "Tabellen": the short code lists, browsed in a grid and edited in the line below it. What a list is,
+/// CodeListCatalogue tells. The buttons follow the focus: the grid means browsing, a box of the edit line means
+/// editing.
 class F_Tabellen2 final : public ui::Form {
 public:
     F_Tabellen2();
@@ -65,6 +66,7 @@ private:
     std::string GetText(std::int32_t id);
 
     // F_Tabellen2.browse.cpp: tabs, rows, states, closing.
+    void RefreshData();
     void SSTab1_Click(std::int16_t PreviousTab);
     void SelectTab();
     void Data1_MoveComplete();
@@ -125,10 +127,10 @@ private:
     std::int32_t intIdString = 0;
     std::string strTableName, strProtokolPath, strUserName;
     std::string strQuery, strGroup, strTable, strKeyField;
-    bool bolLoading = false;   // the form sets itself up or reloads: tab and row handlers stay idle
-    bool bolNew = false;       // between Neu and the next return to the grid
-    bool bolEditable = true;   // false for the labels of the program's own fields: nothing can be added or deleted
-    bool bolFilling = false;   // the flag is set from data: not a click of the user
+    bool bolLoading = false;        // the form sets itself up or reloads: tab and row handlers stay idle
+    bool bolNew = false;            // between Neu and the next return to the grid
+    bool bolEditable = true;        // false for the labels of the program's own fields: nothing can be added or deleted
+    bool bolFilling = false;        // the flag is set from data: not a click of the user
     std::int32_t lngCurrentId = 0;  // key of the row saved last
     std::int32_t lngGroupId = 0;    // RELTABLE.GRUPPE of the current row
     std::string strDecimal;         // the machine's decimal separator

@@ -127,8 +127,8 @@ std::string F_Tabellen2::PickGroup()
         kvxvar, "SELECT ID, NUMBER, NAME  FROM BBF_GRUPPE WHERE LABEL_GROUP = '" + strTable + "'", strTable,
         std::to_string(lngGroupId), "100");
     lngGroupId = picked.empty() ? 0 : basic::CLng(picked);
-    const std::string number = Siblings().NewDBHelper()->LookupText(kvxvar, "NUMBER", "BBF_GRUPPE",
-                                                                    "ID = " + std::to_string(lngGroupId));
+    const std::string number =
+        Siblings().NewDBHelper()->LookupText(kvxvar, "NUMBER", "BBF_GRUPPE", "ID = " + std::to_string(lngGroupId));
     DataGrid1.Refresh();
     return number;
 }

@@ -17,14 +17,13 @@ void F_Tabellen2::SaveRecord()
     // Only the extended tariffs know a row without a code.
     if (intKind != 5 && basic::Trim(txtField1.Text()).empty()) {
         ShowMessage(GetText(223), ui::vbExclamation);
-        txtField1.SetFocus();
+        FocusIfEnabled(txtField1);
         return;
     }
     lngCurrentId = 0;
     if (intKind == 10 && !GroupIsKnown()) return;
 
-    const std::int32_t rowId =
-        intKind == kWageGroupKind && HasRow() ? basic::CLng(Data1.Recordset()["ID"].Value()) : 0;
+    const std::int32_t rowId = intKind == kWageGroupKind && HasRow() ? basic::CLng(Data1.Recordset()["ID"].Value()) : 0;
     if (IsDuplicate(DuplicateTest(intKind, kvxvar, strGroup, txtField1.Text(), SSTab1.Caption(), rowId))) {
         ShowMessage(GetText(1167), ui::vbExclamation);
         return;
@@ -56,7 +55,7 @@ bool F_Tabellen2::IsDuplicate(const CodeListDuplicate& test)
     found.Open("SELECT " + test.field + " FROM " + strTable + " WHERE " + test.condition, kvxvar.dbAdo,
                ado::adOpenForwardOnly, ado::adLockReadOnly);
     if (found.Eof()) return false;
-    if (bolNew) return true;
+    if (bolNew || !HasRow()) return true;
     const auto helper = Siblings().NewDBHelper();
     return helper->FieldToString(found[test.field].Value(), false, false) !=
            helper->FieldToString(Data1.Recordset()[test.field].Value(), false, false);
@@ -116,8 +115,7 @@ std::int32_t F_Tabellen2::InsertRecord()
         highest.Open("SELECT MAX(" + strKeyField + ") FROM " + strTable, kvxvar.dbAdo);
         if (!highest.Eof()) newKey = basic::CLng(Siblings().NewDBHelper()->FieldToNumber(highest[0].Value())) + 1;
     }
-    kvxvar.dbAdo.Execute(
-        InsertStatement(intKind, kvxvar, strTable, strKeyField, newKey, strGroup, txtField1.Text()));
+    kvxvar.dbAdo.Execute(InsertStatement(intKind, kvxvar, strTable, strKeyField, newKey, strGroup, txtField1.Text()));
     return newKey;
 }
 
@@ -127,8 +125,7 @@ void F_Tabellen2::UpdateFields(std::int32_t key)
         lngGroupId = 0;
         if (!basic::Trim(txtField3.Text()).empty()) {
             lngGroupId = basic::CLng(Siblings().NewDBHelper()->LookupNumber(
-                kvxvar, "ID", "BBF_GRUPPE",
-                " NUMBER = " + txtField3.Text() + " AND LABEL_GROUP = '" + strTable + "'"));
+                kvxvar, "ID", "BBF_GRUPPE", " NUMBER = " + txtField3.Text() + " AND LABEL_GROUP = '" + strTable + "'"));
         }
     }
     for (const CodeListWrite& write : WritesOfKind(intKind)) {
@@ -157,9 +154,8 @@ std::string F_Tabellen2::ValueToWrite(CodeListValue value)
 
 void F_Tabellen2::UpdateTextField(std::string_view value, std::string_view column, std::int32_t key)
 {
-    const std::string written = value.empty() || value == " "
-                                    ? "NULL"
-                                    : "'" + Siblings().NewDates()->DateForUpdate(value) + "'";
+    const std::string written =
+        value.empty() || value == " " ? "NULL" : "'" + Siblings().NewDates()->DateForUpdate(value) + "'";
     kvxvar.dbAdo.Execute("UPDATE " + strTable + " SET " + std::string(column) + " = " + written + " WHERE " +
                          strKeyField + " = " + std::to_string(key));
 }
@@ -181,22 +177,16 @@ void F_Tabellen2::WriteProtocolLine()
 
 void F_Tabellen2::RefreshAfterSave()
 {
-    bolLoading = true;
-    try {
-        Data1.Refresh();
-    } catch (...) {
-        bolLoading = false;
-        throw;
-    }
+    RefreshData();
     SetColumnCaptions();
     SetColumnWidths();
-    bolLoading = false;
     Timer1.SetEnabled(true);
 }
 
 void F_Tabellen2::Timer1_Timer()
 {
     Timer1.SetEnabled(false);
+    if (!Visible()) return;  // an error has ended the dialog meanwhile
     ReloadGrid();
     LocateRecord();
 }
