@@ -171,6 +171,7 @@ TEST_F(DataGrids, AClickedRowMovesTheRecordsetThenTellsTheGrid)
 
 TEST_F(DataGrids, AMoveByCodeScrollsTheGridAlong)
 {
+    data.SetLockType(ado::adLockReadOnly);
     auto& rows = database.answers[kTrees].rows;
     for (int i = 4; i <= 100; ++i)
         rows.push_back({ado::testing::Int(i), "Baum", 1.0});

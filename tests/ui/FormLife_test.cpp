@@ -290,6 +290,7 @@ TEST_F(FormLife, DoEventsHandlesWaitingInputInTheMiddleOfAHandler)
 
 TEST_F(FormLife, AColourKeepsItsSystemValue)
 {
+    form.Load();
     form.box.SetForeColor(kColorGrayText);
     EXPECT_EQ(form.box.ForeColor(), 0x80000011u);
     EXPECT_EQ(basic::CLng(form.box.Object()->Get("ForeColor")), -2147483631);

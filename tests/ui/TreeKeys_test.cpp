@@ -2,7 +2,7 @@
 
 #include "ui/TreeView.h"
 
-#include <cstdio>
+#include <string>
 
 // Trees whose keys are paths, and what a million nodes cost.
 namespace kvx::ui::testing {
@@ -149,16 +149,16 @@ TEST_F(PathTree, LookUpAgreesWithTheTreeAfterManyEdits)
         seed = seed * 1664525 + 1013904223;
         return (seed >> 8) % below;
     };
-    for (int step = 0; step < 4000; ++step) {
+    for (int step = 0; step < 8000; ++step) {
         const Node node = nodes[next(static_cast<std::uint32_t>(nodes.size()))];
         if (!node.IsThere()) continue;
-        const std::string part = std::to_string(next(60));
+        const std::string part = std::to_string(next(200));
         const std::uint32_t what = next(10);
         if (what < 7 && node.Level() < 6) {
             if (const Node child = tree.TryAddChild(node, part, part); child != nullptr) nodes.push_back(child);
         } else if (what < 9 && node != root) {
             ErrorOf([&] { node.SetKeyPart(part); });
-        } else if (node != root && node.Children() < 5) {
+        } else if (node != root && node.Children() < 3) {
             tree.Remove(node);
         }
     }
@@ -189,22 +189,23 @@ TEST_F(PathTree, PositionsFollowInsertionsAndRemovals)
     EXPECT_EQ(root.Child().Previous(), nullptr);
 }
 
-// Six levels as a forest has them; texts of two to eight characters.
+// Levels as a forest has them; texts of two to six characters that rise among siblings.
 void Grow(TreeView& tree, const Node& root, int count)
 {
-    char text[16];
     Node level1, level2, level3, level4;
-    for (int i = 0, made = 0; made < count; ++i) {
-        const auto add = [&](const Node& parent, int number, const char* format) {
-            std::snprintf(text, sizeof text, format, number);
-            ++made;
-            return tree.AddChild(parent, text, text);
-        };
-        if (i % 10000 == 0) level1 = add(root, i / 10000, "%06d");
-        if (i % 1000 == 0) level2 = add(level1, i / 1000, "%06d");
-        if (i % 100 == 0) level3 = add(level2, i / 100 % 100, "%02d");
-        if (i % 10 == 0) level4 = add(level3, i / 10 % 10, "Abt %02d");
-        add(level4, i % 10, "%03d");
+    int made = 0;
+    const auto add = [&](const Node& parent, int number, std::size_t digits) {
+        std::string text = std::to_string(number);
+        if (text.size() < digits) text.insert(0, digits - text.size(), '0');
+        ++made;
+        return tree.AddChild(parent, text, text);
+    };
+    for (int i = 0; made < count; ++i) {
+        if (i % 10000 == 0) level1 = add(root, i / 10000, 6);
+        if (i % 1000 == 0) level2 = add(level1, i / 1000, 6);
+        if (i % 100 == 0) level3 = add(level2, i / 100 % 100, 2);
+        if (i % 10 == 0) level4 = add(level3, i / 10 % 10, 4);
+        add(level4, i % 10, 3);
     }
 }
 
