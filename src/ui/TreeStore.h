@@ -28,7 +28,7 @@ public:
     std::size_t MemoryBytes() const;
 
 private:
-    static constexpr std::uint32_t kChunk = 1u << 18;
+    static constexpr std::uint32_t kChunk = 1u << 16;
     std::vector<std::unique_ptr<char[]>> chunks_;
     std::vector<std::string> large_;  // texts beyond 254 bytes
     std::uint32_t used_ = kChunk;     // of the last chunk
@@ -119,7 +119,7 @@ private:
         std::uint8_t fore = 0, back = 0;  // palette; 0 = the tree's
     };
     static_assert(sizeof(Record) == 32);
-    static constexpr std::uint32_t kChunkBits = 13, kChunk = 1u << kChunkBits;
+    static constexpr std::uint32_t kChunkBits = 11, kChunk = 1u << kChunkBits;
 
     Record& At(std::uint32_t id) { return chunks_[id >> kChunkBits][id & (kChunk - 1)]; }
     const Record& At(std::uint32_t id) const { return chunks_[id >> kChunkBits][id & (kChunk - 1)]; }

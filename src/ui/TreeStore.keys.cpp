@@ -57,17 +57,14 @@ bool TreeStore::SplitKey(std::uint32_t parent, std::string_view key, std::string
     return true;
 }
 
+// The node has no part apart and no stored key yet.
 void TreeStore::StorePart(std::uint32_t id, std::string_view part)
 {
-    if (part.find(separator_) != std::string_view::npos) separatorInParts_ = true;
-    if (part == Text(id)) {
-        keys_.erase(id);
-        At(id).flags &= static_cast<std::uint16_t>(~kPartApart);
-    } else {
-        keys_[id] = std::string{part};
-        At(id).flags |= kPartApart;
-    }
-    At(id).flags |= kHasKey;
+    Record& node = At(id);
+    node.flags |= kHasKey;
+    if (part == texts_.At(node.text)) return;
+    keys_[id] = std::string{part};
+    node.flags |= kPartApart;
 }
 
 std::uint32_t TreeStore::AppendChild(std::uint32_t parent, std::string_view part, std::string_view text)
@@ -80,7 +77,8 @@ std::uint32_t TreeStore::AppendChild(std::uint32_t parent, std::string_view part
     }
     // Only where a key may be spelled in two ways (a stored key below the root, a separator inside a part) can another
     // parent's child have it.
-    if (wholeKeys_ > 1 || separatorInParts_ || part.find(separator_) != std::string_view::npos) {
+    if (part.find(separator_) != std::string_view::npos) separatorInParts_ = true;
+    if (wholeKeys_ > 1 || separatorInParts_) {
         if (FindKey(KeyBase(parent).append(separator_).append(part)) != kNone) return kNone;
     }
     bool rising = true;
@@ -116,6 +114,7 @@ bool TreeStore::SetKey(std::uint32_t id, std::string_view key)
     std::string_view part;
     if (key.empty()) return true;
     if (SplitKey(node.parent, key, part)) {
+        if (part.find(separator_) != std::string_view::npos) separatorInParts_ = true;
         StorePart(id, part);
     } else {
         keys_[id] = std::string{key};

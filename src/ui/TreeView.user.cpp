@@ -71,6 +71,8 @@ void TreeView::BeginEdit(std::string_view offered, bool withOffer)
     bool cancel = false;
     BeforeLabelEdit.Raise(cancel);
     if (cancel || !IsThere(node)) return;
+    // The name is typed at once, also when a button began it: its Enter must not press the button again.
+    if (!HasFocus() && IsReachable() && Owner().Visible()) SetFocus();
     OpenAbove(node.id_);
     edited_ = node.id_;
     editing_ = true;
