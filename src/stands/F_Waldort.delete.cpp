@@ -63,6 +63,7 @@ void F_Waldort::btnLoschen_Click()
     }
     if (ShowMessage(GetText(186), ui::vbYesNo) == ui::vbNo) return;
     const std::string where = BuildNodeWhere(/*bySelection=*/true, /*wholeLevelList=*/false);
+    if (where.empty()) return;  // nothing selected any more: a DELETE without a condition would empty the table
     if (!CheckStandUse(where)) return;
     try {
         kvxvar.dbAdo.Execute("DELETE FROM WALDORT " + where);
