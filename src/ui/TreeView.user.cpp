@@ -26,6 +26,8 @@ void TreeView::UserClickNode(const Node& node)
 void TreeView::UserMoveTo(const Node& node)
 {
     if (node == nullptr || node == Handle(selected_)) return;
+    UserEndEdit(true);  // while its node is still the selected one
+    if (!IsThere(node)) return;
     OpenAbove(IdOf(node));
     SelectFromUser(node);
 }
