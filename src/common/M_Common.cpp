@@ -4,6 +4,7 @@
 #include "basic/Convert.h"
 #include "basic/Error.h"
 #include "basic/Text.h"
+#include "common/ModuleState.h"
 #include "session/SiblingClasses.h"
 #include "ui/ComboBox.h"
 #include "ui/Control.h"
@@ -179,7 +180,8 @@ void DateKey(std::int32_t& KeyAscii, ui::TextBox& textBox)
 void ExportListView(const basic::ObjectRef& list, std::string_view name, const basic::Variant& argument1,
                     const basic::Variant& argument2)
 {
-    static thread_local const std::unique_ptr<c_Wagon> wagon = Siblings().NewWagon();
+    std::shared_ptr<c_Wagon>& wagon = Module().wagon;
+    if (wagon == nullptr) wagon = Siblings().NewWagon();
     wagon->ExportListView(list, name, argument1, argument2);
 }
 

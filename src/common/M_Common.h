@@ -53,9 +53,9 @@ std::int32_t CheckTypedKey(std::int32_t KeyAscii, std::string_view table, std::s
 /// What FillList shows beside the first column; empty = not used. The four reserved places are part of the call that
 /// hosts know and change nothing.
 struct ListItemArguments {
-    std::string_view displayField;  ///< shown instead of column 0; the control's Text follows it
-    std::string_view dataField;     ///< its value goes to ItemData
-    std::string_view reserved1, reserved2, reserved3, reserved4;
+    std::string_view displayField = {};  ///< shown instead of column 0; the control's Text follows it
+    std::string_view dataField = {};     ///< its value goes to ItemData
+    std::string_view reserved1 = {}, reserved2 = {}, reserved3 = {}, reserved4 = {};
 };
 
 /// Fills a list or combo box: an empty first item, then the rows of PROJEKTE ("PROJEKT"), PLAN ("PLANNUMMER") or
