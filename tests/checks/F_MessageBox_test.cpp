@@ -29,7 +29,8 @@ struct ComboHost {
     explicit ComboHost(std::initializer_list<const char*> items)
     {
         form.Load();
-        for (const char* item : items) form.Combo.AddItem(item);
+        for (const char* item : items)
+            form.Combo.AddItem(item);
     }
     HostForm form;
 };
@@ -272,7 +273,8 @@ TEST(MessageBoxNL, ATextIsUtf8WhereItIsValidElseWindows1252)
 {
     Scenario s;
     s.WriteFile("utf8.txt", "Süd\n");
-    s.WriteFile("1252.txt", "S\xFC" "d\n");
+    s.WriteFile("1252.txt", "S\xFC"
+                            "d\n");
     for (const char* name : {"utf8.txt", "1252.txt"}) {
         s.In("F_MessageBox", [](Dialog& f) {
             EXPECT_EQ(f.Lines("List1"), Lines{"Süd"});
