@@ -1,5 +1,6 @@
 #pragma once
 
+#include "adapters/headless/Hands.h"
 #include "ui/Desktop.h"
 
 #include <cstdint>
@@ -23,8 +24,9 @@ struct BoxRecord {
 
 /// A desktop without windows: dialogs are worked on by scripts, boxes are answered from a list, and time moves when it
 /// is told to. Whatever happens that no script expects is kept as a failure and goes on in the least harmful way. While
-/// it lives it is the current desktop of its thread.
-class HeadlessDesktop final : public ui::Desktop {
+/// it lives it is the current desktop of its thread. A desktop of real windows can take the same scripts: it replaces
+/// the hands, the strokes and the loop.
+class HeadlessDesktop : public ui::Desktop {
 public:
     using Script = std::function<void(ui::Form&)>;
 
@@ -59,9 +61,10 @@ public:
     /// The clock goes on; timers that come due fire in order, and what they set off is carried out.
     void Advance(std::int64_t milliseconds);
     /// Carries out posted work and queued keys until there are none.
-    void Settle();
+    virtual void Settle();
     /// One key stroke on the form in front. @param keyCode 0 = a character without a key of its own
-    void Stroke(std::int16_t keyCode, std::int16_t shift, std::int32_t character);
+    virtual void Stroke(std::int16_t keyCode, std::int16_t shift, std::int32_t character);
+    virtual Hands& GetHands() { return hands_; }
 
     void FormShown(ui::Form& form) override;
     void RunModal(ui::Form& form) override;
@@ -91,6 +94,7 @@ private:
     bool Take(bool input, std::string_view prompt, Expected& expected);
     void FireDue();
     ui::Desktop* before_ = nullptr;
+    Hands hands_;
     std::deque<std::pair<std::string, Script>> scripts_;
     std::deque<Expected> expected_;
     std::deque<std::function<void()>> posted_;

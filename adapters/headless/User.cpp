@@ -48,16 +48,16 @@ T* User::Reach(std::string_view control)
         Fail("cannot be reached", control);
         return nullptr;
     }
-    if (found->TakesFocus() && !form_.UserFocus(*found)) {
+    if (found->TakesFocus() && !desktop_.GetHands().Focus(*found)) {
         desktop_.Settle();
         return nullptr;  // Validate kept the focus, or a handler sent it elsewhere: the click comes to nothing
     }
     return found;
 }
 
-void User::Act(const std::function<void()>& action)
+void User::Act(const std::function<void(Hands&)>& action)
 {
-    form_.Protect(action);
+    action(desktop_.GetHands());
     desktop_.Settle();
 }
 
@@ -86,8 +86,7 @@ void User::Tab(bool backwards)
 
 void User::CtrlAlone()
 {
-    form_.UserKeyDown(vbKeyControl, vbCtrlMask);
-    form_.UserKeyUp(vbKeyControl, 0);
+    desktop_.GetHands().CtrlAlone(form_);
     desktop_.Settle();
 }
 
@@ -102,7 +101,7 @@ void User::Click(std::string_view control)
     Control* found = Find(control);
     if (found == nullptr) return;
     if (!found->IsReachable() || !found->IsShown()) return Fail("cannot be reached", control);
-    form_.UserClickOn(*found);
+    desktop_.GetHands().Click(*found);
     desktop_.Settle();
 }
 
@@ -110,19 +109,17 @@ void User::DblClick(std::string_view control)
 {
     Click(control);
     Control* found = form_.FindControl(control);
-    if (found != nullptr && form_.Visible() && found->IsReachable()) Act([&] { found->UserDblClick(); });
+    if (found != nullptr && form_.Visible() && found->IsReachable()) Act([&](Hands& hands) { hands.DblClick(*found); });
 }
 
 void User::CloseBox()
 {
-    form_.UserClose();
-    desktop_.Settle();
+    Act([&](Hands& hands) { hands.CloseBox(form_); });
 }
 
 void User::Resize(std::int32_t widthTwips, std::int32_t heightTwips)
 {
-    form_.UserResize(widthTwips, heightTwips);
-    desktop_.Settle();
+    Act([&](Hands& hands) { hands.Resize(form_, widthTwips, heightTwips); });
 }
 
 void User::Drag(std::string_view source, std::string_view target, std::int32_t xTwips, std::int32_t yTwips)
@@ -131,7 +128,7 @@ void User::Drag(std::string_view source, std::string_view target, std::int32_t x
     Control* to = Find(target);
     if (from == nullptr || to == nullptr) return;
     if (!to->IsReachable() || !to->IsShown()) return Fail("cannot be reached", target);
-    Act([&] { to->UserDrop(*from, xTwips, yTwips); });
+    Act([&](Hands& hands) { hands.Drag(*from, *to, xTwips, yTwips); });
 }
 
 void User::Pick(std::string_view control, std::string_view text)
@@ -147,16 +144,7 @@ void User::Pick(std::string_view control, std::int32_t index, std::int16_t shift
     if (index < 0 || index >= static_cast<std::int32_t>(Lines(control).size()))
         return Fail("has no item " + std::to_string(index), control);
     Control* found = Reach<Control>(control);
-    if (auto* combo = dynamic_cast<ComboBox*>(found); combo != nullptr) {
-        Act([&] {
-            combo->DropDown.Raise();
-            combo->UserPick(index);
-        });
-    } else if (auto* list = dynamic_cast<ListBox*>(found); list != nullptr) {
-        Act([&] { list->UserSelectItem(index, shift); });
-    } else if (auto* files = dynamic_cast<FileListBox*>(found); files != nullptr) {
-        Act([&] { files->UserSelectItem(index); });
-    }
+    if (found != nullptr) Act([&](Hands& hands) { hands.PickItem(*found, index, shift); });
 }
 
 void User::PickRow(std::string_view listView, std::string_view key)
@@ -173,7 +161,7 @@ void User::PickRow(std::string_view listView, std::int32_t index, std::int16_t s
     ListView* list = Reach<ListView>(listView);
     if (list == nullptr) return;
     if (index < 1 || index > list->ListItems().Count()) return Fail("has no row " + std::to_string(index), listView);
-    Act([&] { list->UserSelectItem(list->ListItems()[index], shift); });
+    Act([&](Hands& hands) { hands.PickRow(*list, list->ListItems()[index], shift); });
 }
 
 void User::ToggleCheck(std::string_view listView, std::string_view key)
@@ -191,7 +179,7 @@ void User::ToggleCheck(std::string_view listView, std::int32_t index)
     if (list == nullptr) return;
     if (index < 1 || index > list->ListItems().Count()) return Fail("has no row " + std::to_string(index), listView);
     if (!list->Checkboxes()) return Fail("has no check boxes", listView);
-    Act([&] { list->UserToggleCheck(list->ListItems()[index]); });
+    Act([&](Hands& hands) { hands.ToggleCheck(*list, list->ListItems()[index]); });
 }
 
 void User::ClickColumn(std::string_view listView, std::int32_t index)
@@ -200,7 +188,7 @@ void User::ClickColumn(std::string_view listView, std::int32_t index)
     if (list == nullptr) return;
     if (index < 1 || index > list->ColumnHeaders().Count())
         return Fail("has no column " + std::to_string(index), listView);
-    Act([&] { list->UserColumnClick(list->ColumnHeaders()[index]); });
+    Act([&](Hands& hands) { hands.ClickColumn(*list, index); });
 }
 
 void User::SelectTab(std::string_view tabStrip, std::int16_t tab)
@@ -208,12 +196,13 @@ void User::SelectTab(std::string_view tabStrip, std::int16_t tab)
     SSTab* strip = Reach<SSTab>(tabStrip);
     if (strip == nullptr) return;
     if (tab < 0 || tab >= strip->Tabs()) return Fail("has no tab " + std::to_string(tab), tabStrip);
-    Act([&] { strip->UserSelectTab(tab); });
+    Act([&](Hands& hands) { hands.SelectTab(*strip, tab); });
 }
 
 void User::SetDate(std::string_view picker, basic::Date date)
 {
-    if (DTPicker* found = Reach<DTPicker>(picker); found != nullptr) Act([&] { found->UserSetValue(date); });
+    if (DTPicker* found = Reach<DTPicker>(picker); found != nullptr)
+        Act([&](Hands& hands) { hands.SetDate(*found, date); });
 }
 
 Node User::FindNode(std::string_view tree, const Path& path)
@@ -241,11 +230,14 @@ void User::Select(std::string_view tree, const Path& path)
     if (found == nullptr) return;
     const Node node = FindNode(tree, path);
     if (node == nullptr) return;
-    Act([&] {
-        // A click needs the node in sight.
+    Act([&](Hands& hands) {
+        // A click needs the node in sight: what is above opens, from the top down.
+        std::vector<Node> closed;
         for (Node above = node.Parent(); above != nullptr; above = above.Parent())
-            found->UserExpand(above, true);
-        found->UserClickNode(node);
+            if (!above.Expanded()) closed.push_back(above);
+        for (; !closed.empty(); closed.pop_back())
+            hands.ExpandNode(*found, closed.back(), true);
+        if (node.IsThere()) hands.ClickNode(*found, node);
     });
 }
 
@@ -253,21 +245,21 @@ void User::Expand(std::string_view tree, const Path& path, bool expanded)
 {
     TreeView* found = Reach<TreeView>(tree);
     const Node node = found == nullptr ? Node{} : FindNode(tree, path);
-    if (node != nullptr) Act([&] { found->UserExpand(node, expanded); });
+    if (node != nullptr) Act([&](Hands& hands) { hands.ExpandNode(*found, node, expanded); });
 }
 
 void User::CheckNode(std::string_view tree, const Path& path, bool checked)
 {
     TreeView* found = Reach<TreeView>(tree);
     const Node node = found == nullptr ? Node{} : FindNode(tree, path);
-    if (node != nullptr) Act([&] { found->UserCheck(node, checked); });
+    if (node != nullptr) Act([&](Hands& hands) { hands.CheckNode(*found, node, checked); });
 }
 
 void User::EditLabel(std::string_view tree, std::string_view text)
 {
     TreeView* found = Reach<TreeView>(tree);
     if (found == nullptr) return;
-    if (!found->IsEditing()) Act([&] { found->UserStartEdit(); });
+    if (!found->IsEditing()) Act([&](Hands& hands) { hands.StartEdit(*found); });
     if (!found->IsEditing()) return Fail("starts no label edit", tree);
     Keys("{HOME}+{END}{DEL}");
     for (const KeyStroke& stroke : TypeKeys(text))
@@ -280,11 +272,11 @@ void User::ClickCell(std::string_view grid, std::int32_t row, std::int32_t col)
     Control* found = Reach<Control>(grid);
     if (auto* flex = dynamic_cast<FlexGrid*>(found); flex != nullptr) {
         if (row < 0 || row >= flex->Rows() || col < 0 || col >= flex->Cols()) return Fail("has no such cell", grid);
-        Act([&] { flex->UserClickCell(row, col); });
+        Act([&](Hands& hands) { hands.ClickCell(*flex, row, col); });
     } else if (auto* data = dynamic_cast<DataGrid*>(found); data != nullptr) {
         if (row < 0 || row >= data->RowCount() || col < 0 || col >= data->Columns().Count())
             return Fail("has no such cell", grid);
-        Act([&] { data->UserSelectCell(row, col); });
+        Act([&](Hands& hands) { hands.ClickCell(*data, row, col); });
     } else if (found != nullptr) {
         Fail("is no grid", grid);
     }
@@ -294,7 +286,8 @@ void User::DblClickCell(std::string_view grid, std::int32_t row, std::int32_t co
 {
     ClickCell(grid, row, col);
     Control* found = form_.FindControl(grid);
-    if (found != nullptr && form_.Visible() && found->IsReachable()) Act([&] { found->UserDblClick(); });
+    if (found != nullptr && form_.Visible() && found->IsReachable())
+        Act([&](Hands& hands) { hands.DblClickCell(*found, row, col); });
 }
 
 basic::Variant User::Read(std::string_view control, std::string_view member, const std::vector<basic::Variant>& args)

@@ -78,7 +78,7 @@ private:
     /// The control in sight, with the focus moved to it.
     template <class T>
     T* Reach(std::string_view control);
-    void Act(const std::function<void()>& action);
+    void Act(const std::function<void(Hands&)>& action);
     void Fail(std::string_view what, std::string_view control);
     HeadlessDesktop& desktop_;
     ui::Form& form_;

@@ -49,6 +49,12 @@ void ControlView::Gone()
     control_ = nullptr;
 }
 
+void ControlView::Leave()
+{
+    if (control_ != nullptr && control_->GetView() == this) control_->SetView(nullptr);
+    Gone();
+}
+
 void ControlView::Changed(ui::Change what)
 {
     dirty_ |= Bit(what);

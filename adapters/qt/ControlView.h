@@ -27,7 +27,10 @@ public:
     ~ControlView() override;
 
     void Changed(ui::Change what) override;
+    /// The control is being destroyed: nothing of its kind is left to be asked.
     void Gone() override;
+    /// The window goes while the control lives: the control forgets the window.
+    virtual void Leave();
 
     /// The control; nullptr once it is gone.
     ui::Control* Model() const { return control_; }

@@ -129,19 +129,19 @@ void FormWindow::RunModal()
 {
     QEventLoop loop;
     QEventLoop* outer = std::exchange(loop_, &loop);
-    while (form_ != nullptr && form_->Visible())
+    // A dialog above may have unloaded the form: then the window is gone once the loop below it turns again.
+    const QPointer<FormWindow> self(this);
+    while (!self.isNull() && form_ != nullptr && form_->Visible())
         loop.exec();
-    loop_ = outer;
+    if (!self.isNull()) loop_ = outer;
 }
 
 void FormWindow::Detach()
 {
     if (form_ != nullptr && form_->GetView() == this) form_->SetView(nullptr);
     form_ = nullptr;
-    for (const auto& view : views_) {
-        if (view->Model() != nullptr && view->Model()->GetView() == view.get()) view->Model()->SetView(nullptr);
-        view->Gone();
-    }
+    for (const auto& view : views_)
+        view->Leave();
     viewOf_.clear();
     hide();
     if (loop_ != nullptr) loop_->quit();
@@ -320,7 +320,10 @@ bool FormWindow::event(QEvent* event)
         event->accept();
         return true;
     }
-    if (event->type() == QEvent::WindowDeactivate) ctrlAlone_ = false;
+    if (event->type() == QEvent::WindowDeactivate) {
+        ctrlAlone_ = false;
+        keysDown_.clear();
+    }
     return QDialog::event(event);
 }
 

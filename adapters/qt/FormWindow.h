@@ -6,6 +6,7 @@
 
 #include <QDialog>
 #include <QHash>
+#include <QSet>
 
 #include <functional>
 #include <memory>
@@ -49,6 +50,9 @@ public:
 
     /// Events of a widget that belongs to a control come through the window's filter.
     void Watch(QWidget* widget, ControlView* view);
+
+    /// A key went down in an editor that keeps keys to itself, and ends with it: its release belongs to the control.
+    void KeyTaken(int key) { keysDown_.insert(key); }
 
     /// A progress bar moved while a handler runs: painted at once, without handling input.
     void PaintNow(QWidget* widget);
@@ -99,9 +103,10 @@ private:
     QHash<const QObject*, ControlView*> watched_;
     QEventLoop* loop_ = nullptr;
     int acting_ = 0;  // actions of the user that run now, nested
-    bool changesPosted_ = false, anyChanges_ = false, formDirty_ = true;
+    bool changesPosted_ = false, anyChanges_ = true, formDirty_ = true;
     bool syncing_ = false;    // focus and size change by our own hand
     bool ctrlAlone_ = false;  // Ctrl is down and nothing else has been since
+    QSet<int> keysDown_;      // pressed here: a release from elsewhere is not ours
     bool native_ = false;     // a key event of our own making: straight to the widget
     bool swallowRelease_ = false;
     QPoint pressedAt_;

@@ -29,6 +29,7 @@ bool FormWindow::KeyPressed(QKeyEvent& event, ControlView* at)
     if (native_) return false;
     if (form_ == nullptr) return true;
     const int key = event.key();
+    keysDown_.insert(key);
     if (key == Qt::Key_Control) {
         if (!event.isAutoRepeat()) ctrlAlone_ = (event.modifiers() & (Qt::ShiftModifier | Qt::AltModifier)) == 0;
         return true;
@@ -44,6 +45,7 @@ bool FormWindow::KeyPressed(QKeyEvent& event, ControlView* at)
         return true;
     }
     if (alt && !ctrl && key > Qt::Key_Space && key < Qt::Key_Escape) {
+        keysDown_.remove(key);
         Act([&] { form_->UserMnemonic(static_cast<char32_t>(key)); });
         return true;
     }
@@ -111,14 +113,13 @@ void FormWindow::SendCharacter(const ControlView& to, std::int32_t character)
 bool FormWindow::KeyReleased(QKeyEvent& event)
 {
     if (native_) return false;
-    if (form_ == nullptr || event.isAutoRepeat()) return true;
+    if (form_ == nullptr || event.isAutoRepeat() || !keysDown_.remove(event.key())) return true;
     if (event.key() == Qt::Key_Control) {
         if (!std::exchange(ctrlAlone_, false)) return true;
         Act([&] { form_->UserKeyDown(ui::vbKeyControl, ui::vbCtrlMask); });
         if (form_ != nullptr && form_->Visible()) Act([&] { form_->UserKeyUp(ui::vbKeyControl, 0); });
         return true;
     }
-    if (event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab) return true;
     const std::int16_t code = KeyCodeOf(event);
     if (code == 0 || code == ui::vbKeyShift || code == ui::vbKeyMenu) return true;
     Act([&] { form_->UserKeyUp(code, ShiftMaskOf(event.modifiers())); });

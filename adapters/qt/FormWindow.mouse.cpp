@@ -113,7 +113,7 @@ void FormWindow::DropAt(const QPoint& global)
 {
     ui::Control* source = pressed_ == nullptr ? nullptr : pressed_->Model();
     const ControlView* target = nullptr;
-    for (QWidget* widget = QApplication::widgetAt(global); widget != nullptr; widget = widget->parentWidget())
+    for (QWidget* widget = childAt(mapFromGlobal(global)); widget != nullptr; widget = widget->parentWidget())
         if ((target = watched_.value(widget)) != nullptr) break;
     if (source == nullptr || target == nullptr || target->Model() == nullptr) return;
     const QPoint inside = target->Widget()->mapFromGlobal(global);

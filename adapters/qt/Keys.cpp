@@ -51,6 +51,17 @@ constexpr KeyRow kKeys[] = {
 };
 // clang-format on
 
+struct SignKey {
+    int key;
+    std::int16_t code, keypadCode;
+};
+
+// Where the classic keyboard has the signs.
+constexpr SignKey kSigns[] = {
+    {Qt::Key_Plus, 187, 107},  {Qt::Key_Minus, 189, 109}, {Qt::Key_Asterisk, 187, 106},
+    {Qt::Key_Slash, 191, 111}, {Qt::Key_Comma, 188, 110}, {Qt::Key_Period, 190, 110},
+};
+
 [[noreturn]] void RaiseBadKeys()
 {
     basic::Raise(basic::kErrInvalidCall);
@@ -90,6 +101,15 @@ void AddNamed(std::vector<KeyStroke>& strokes, std::string_view name, Qt::Keyboa
     strokes.insert(strokes.end(), count, stroke);
 }
 
+// Who gets a key: the list that is open, else the dialog in front; a window manager may not have activated it yet.
+QWidget* KeyTarget()
+{
+    for (QWidget* window :
+         {QApplication::activePopupWidget(), QApplication::activeModalWidget(), QApplication::activeWindow()})
+        if (window != nullptr) return window->focusWidget() != nullptr ? window->focusWidget() : window;
+    return nullptr;
+}
+
 }  // namespace
 
 std::int16_t KeyCodeOf(const QKeyEvent& event)
@@ -102,15 +122,10 @@ std::int16_t KeyCodeOf(const QKeyEvent& event)
         return static_cast<std::int16_t>(keypad ? 96 + key - Qt::Key_0 : key);
     }
     if (key >= Qt::Key_F1 && key <= Qt::Key_F16) return static_cast<std::int16_t>(ui::vbKeyF1 + key - Qt::Key_F1);
-    switch (key) {  // where the classic keyboard has them
-    case Qt::Key_Plus: return event.modifiers().testFlag(Qt::KeypadModifier) ? 107 : 187;
-    case Qt::Key_Minus: return event.modifiers().testFlag(Qt::KeypadModifier) ? 109 : 189;
-    case Qt::Key_Asterisk: return event.modifiers().testFlag(Qt::KeypadModifier) ? 106 : 187;
-    case Qt::Key_Slash: return event.modifiers().testFlag(Qt::KeypadModifier) ? 111 : 191;
-    case Qt::Key_Comma: return event.modifiers().testFlag(Qt::KeypadModifier) ? 110 : 188;
-    case Qt::Key_Period: return event.modifiers().testFlag(Qt::KeypadModifier) ? 110 : 190;
-    default: return 0;
-    }
+    const bool keypad = event.modifiers().testFlag(Qt::KeypadModifier);
+    for (const SignKey& sign : kSigns)
+        if (sign.key == key) return keypad ? sign.keypadCode : sign.code;
+    return 0;
 }
 
 std::int16_t ShiftMaskOf(Qt::KeyboardModifiers modifiers)
@@ -141,6 +156,25 @@ bool IsClipboardKey(const QKeyEvent& event)
                                                 QKeySequence::SelectAll, QKeySequence::Undo, QKeySequence::Redo})
         if (event.matches(key)) return true;
     return false;
+}
+
+KeyStroke StrokeOf(std::int16_t keyCode, std::int16_t shift, std::int32_t character)
+{
+    KeyStroke stroke;
+    stroke.character = static_cast<char32_t>(character);
+    if ((shift & ui::vbShiftMask) != 0) stroke.modifiers |= Qt::ShiftModifier;
+    if ((shift & ui::vbCtrlMask) != 0) stroke.modifiers |= Qt::ControlModifier;
+    if ((shift & ui::vbAltMask) != 0) stroke.modifiers |= Qt::AltModifier;
+    const bool letter =
+        (keyCode >= Qt::Key_A && keyCode <= Qt::Key_Z) || (keyCode >= Qt::Key_0 && keyCode <= Qt::Key_9);
+    if (letter) stroke.key = keyCode;
+    for (const KeyRow& row : kKeys)
+        if (stroke.key == 0 && row.code == keyCode) stroke.key = row.key;
+    for (const SignKey& sign : kSigns)
+        if (stroke.key == 0 && sign.code == keyCode) stroke.key = sign.key;
+    if (stroke.key == 0 && keyCode >= ui::vbKeyF1 && keyCode < ui::vbKeyF1 + 16)
+        stroke.key = Qt::Key_F1 + keyCode - ui::vbKeyF1;
+    return stroke;
 }
 
 std::vector<KeyStroke> ParseKeys(std::string_view keys)
@@ -196,8 +230,7 @@ void PressKey(const KeyStroke& stroke)
     if (typed.character != 0) text = QString::fromUcs4(&typed.character, 1);
     if (typed.modifiers & (Qt::ControlModifier | Qt::AltModifier)) text.clear();
     for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-        QWidget* target = QApplication::focusWidget();  // again for the release: the press may have moved the focus
-        if (target == nullptr) target = QApplication::activeWindow();
+        QWidget* target = KeyTarget();  // again for the release: the press may have moved the focus
         if (target == nullptr) return;
         QKeyEvent event(type, typed.key, typed.modifiers, text);
         QApplication::sendEvent(target, &event);

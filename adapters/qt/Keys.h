@@ -30,6 +30,9 @@ struct KeyStroke {
     char32_t character = 0;  ///< 0 = none
 };
 
+/// The stroke that gives these numbers to KeyDown and KeyPress. @param character 0 = a key without one
+KeyStroke StrokeOf(std::int16_t keyCode, std::int16_t shift, std::int32_t character);
+
 /// Reads "{TAB}", "{LEFT 3}", "+{END}", "^c", "+(ab)", "~", "{+}" and plain characters.
 /// @throws basic::Error 5: an unknown name in braces, or a bracket that is not closed
 std::vector<KeyStroke> ParseKeys(std::string_view keys);

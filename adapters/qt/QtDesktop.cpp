@@ -91,7 +91,8 @@ QWidget* QtDesktop::WidgetOf(const ui::Control& control) const
 // The window that a new one must stand in front of: the dialog that is on top, else the host's.
 QWidget* QtDesktop::FrontWindow() const
 {
-    for (auto form = ModalForms().rbegin(); form != ModalForms().rend(); ++form)
+    const std::vector<ui::Form*>& forms = forms_->ModalForms();
+    for (auto form = forms.rbegin(); form != forms.rend(); ++form)
         if (FormWindow* window = WindowOf(**form); window != nullptr && window->isVisible()) return window;
     QWidget* active = QApplication::activeModalWidget();
     return active != nullptr ? active : QApplication::activeWindow();
@@ -148,7 +149,7 @@ void QtDesktop::Post(std::function<void()> work)
     QMetaObject::invokeMethod(
         &context_,
         [this, work = std::move(work)] {
-            ui::Form* form = ActiveForm();
+            ui::Form* form = forms_->ActiveForm();
             if (form != nullptr)
                 form->Protect(work);
             else

@@ -54,6 +54,9 @@ public:
     FormWindow* WindowOf(const ui::Form& form) const;  ///< nullptr = none
     QWidget* WidgetOf(const ui::Control& control) const;
 
+    /// The forms of another desktop, which passes its calls on to this one, are shown here.
+    void ShareForms(const ui::Desktop& desktop) { forms_ = &desktop; }
+
     /// Message and input boxes shown so far; a press of the mouse that raised one does not go on as a press.
     int BoxesShown() const { return boxesShown_; }
 
@@ -79,7 +82,8 @@ private:
     QWidget* FrontWindow() const;
     void PressNextKey();
 
-    QObject context_;  // timers and posted work end with the desktop
+    const ui::Desktop* forms_ = this;  // who keeps the forms that are shown modally
+    QObject context_;                  // timers and posted work end with the desktop
     QHash<const ui::Form*, FormWindow*> windows_;
     std::vector<QPointer<FormWindow>> allWindows_;
     QHash<ui::Timer*, QTimer*> timers_;

@@ -6,8 +6,6 @@
 #include "ui/FlexGrid.h"
 #include "ui/ListView.h"
 
-#include <QMouseEvent>
-
 #include <algorithm>
 
 namespace kvx::adapters::qt {
@@ -26,10 +24,10 @@ public:
     {
         if (Model() != nullptr) list_.SetListener(nullptr);
     }
-    void Gone() override
+    void Leave() override
     {
         if (Model() != nullptr) list_.SetListener(nullptr);
-        GridView::Gone();
+        GridView::Leave();
     }
 
     int Rows() const override { return Model() == nullptr ? 0 : list_.ListItems().Count() + Heads(); }
@@ -289,12 +287,6 @@ public:
     void HeadPressed(int column) override
     {
         Act([&] { grid_.UserClickCell(0, column); });
-    }
-    void DoubleClicked(const QMouseEvent& event) override
-    {
-        const int row = area_->RowAt(event.position().toPoint().y());
-        const int column = area_->ColumnAt(event.position().toPoint().x());
-        if (row >= 0 && column >= 0) Act([&] { grid_.UserDblClickCell(row, column); });
     }
     bool CanResize(int) const override { return true; }
     void Resized(int column, int width) override

@@ -54,6 +54,7 @@ bool LabelEditor::event(QEvent* event)
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Tab || key == Qt::Key_Backtab) {
+            user_.EditKey(key);
             user_.EditLeftByTab(key == Qt::Key_Backtab);
             return true;
         }
@@ -64,6 +65,7 @@ bool LabelEditor::event(QEvent* event)
 void LabelEditor::keyPressEvent(QKeyEvent* event)
 {
     const int key = event->key();
+    if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape) user_.EditKey(key);
     if (key == Qt::Key_Return || key == Qt::Key_Enter)
         user_.EditEnded(true);
     else if (key == Qt::Key_Escape)

@@ -30,6 +30,7 @@ public:
     virtual void Edited() = 0;                            ///< the editor's text or mark
     virtual void EditEnded(bool accept) = 0;
     virtual void EditLeftByTab(bool backwards) = 0;
+    virtual void EditKey(int key) = 0;  ///< one that ends the edit goes down
 };
 
 /// The editor of a label: keeps every key to itself.

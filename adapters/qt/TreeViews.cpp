@@ -30,9 +30,13 @@ public:
 
     void Gone() override
     {
-        if (Model() != nullptr) tree_.SetListener(nullptr);
         if (Widget() != nullptr) area_->TreeGone();
         ControlView::Gone();
+    }
+    void Leave() override
+    {
+        if (Model() != nullptr) tree_.SetListener(nullptr);
+        ControlView::Leave();
     }
 
     QWidget* FocusWidget() const override
@@ -127,6 +131,7 @@ public:
     {
         if (Model() != nullptr && tree_.IsEditing()) Act([&] { tree_.UserEndEdit(accept); });
     }
+    void EditKey(int key) override { Window().KeyTaken(key); }
     void EditLeftByTab(bool backwards) override
     {
         Act([&] { tree_.Owner().UserTab(backwards); });

@@ -21,8 +21,14 @@ namespace {
 using basic::ObjectRef;
 using basic::Variant;
 
-std::string Text(const Variant& value) { return basic::ToText(value); }
-std::int32_t Number(const Variant& value) { return basic::CLng(value); }
+std::string Text(const Variant& value)
+{
+    return basic::ToText(value);
+}
+std::int32_t Number(const Variant& value)
+{
+    return basic::CLng(value);
+}
 
 Variant Get(const ObjectRef& object, std::string_view member, std::vector<Variant> args = {})
 {
@@ -178,7 +184,8 @@ TEST(HostListWidget, AnItemIsChosenByIndexAndBySelected)
 {
     QListWidget list;
     const ObjectRef object = Wrap(&list);
-    for (const char* name : {"eins", "zwei", "drei"}) Call(object, "AddItem", {name});
+    for (const char* name : {"eins", "zwei", "drei"})
+        Call(object, "AddItem", {name});
     Put(object, "ListIndex", std::int32_t{2});
     EXPECT_TRUE(basic::CBool(Get(object, "Selected", {std::int32_t{2}})));
     EXPECT_EQ(Text(Get(object, "Text")), "drei");
@@ -194,7 +201,8 @@ TEST(HostListWidget, SeveralItemsCanBeSelectedWhereTheListAllowsIt)
     QListWidget list;
     list.setSelectionMode(QAbstractItemView::ExtendedSelection);
     const ObjectRef object = Wrap(&list);
-    for (const char* name : {"eins", "zwei", "drei"}) Call(object, "AddItem", {name});
+    for (const char* name : {"eins", "zwei", "drei"})
+        Call(object, "AddItem", {name});
     Put(object, "Selected", true, {std::int32_t{0}});
     Put(object, "Selected", true, {std::int32_t{2}});
     EXPECT_EQ(Number(Get(object, "SelCount")), 2);
@@ -248,7 +256,8 @@ TEST(HostListView, RowsKeepKeyTextAndSubItems)
     QTreeWidget list;
     list.setColumnCount(2);
     const ObjectRef rows = Get(Wrap(&list), "ListItems").ToObject();
-    Variant added = rows->Call("Add", std::vector<Variant>{basic::Empty{}, "L7", "Liste 7"});
+    std::vector<Variant> arguments{basic::Empty{}, "L7", "Liste 7"};
+    Variant added = rows->Call("Add", arguments);
     Put(added.ToObject(), "SubItems", "offen", {std::int32_t{1}});
     EXPECT_EQ(list.topLevelItem(0)->text(1), QStringLiteral("offen"));
     Put(added.ToObject(), "Checked", true);
