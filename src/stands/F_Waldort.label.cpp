@@ -45,6 +45,7 @@ void F_Waldort::TreeView1_BeforeLabelEdit(bool& Cancel)
         Cancel = true;
         return;
     }
+    if (expected) TreeView1.SetFocus();  // the user types the name, wherever the focus has been
     strEditWhere = BuildNodeWhere(/*bySelection=*/true, /*wholeLevelList=*/false);
 }
 

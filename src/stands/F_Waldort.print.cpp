@@ -34,7 +34,7 @@ void F_Waldort::cmdPrint_Click()
     }
     ProgressBar1.SetVisible(false);
     stands.Close();
-    PrintTextToWord(text, 0);
+    PrintTextToWord(text, /*flag=*/false);
 }
 
 }  // namespace kvx
