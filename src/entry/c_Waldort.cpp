@@ -50,4 +50,4 @@ std::int32_t c_Waldort::Waldort_ID(const KvxVar& kvxvar, std::int32_t& ID_AL, st
     return kvx::Waldort_ID(kvxvar, ID_AL, key);
 }
 
-} // namespace kvx
+}  // namespace kvx

@@ -56,4 +56,4 @@ public:
                             std::string_view WO3, std::string_view WO4, std::string_view WO5, std::string_view WO6);
 };
 
-} // namespace kvx
+}  // namespace kvx
