@@ -119,6 +119,12 @@ TEST_F(CheckTypedKeyTest, AMinusAtTheStartPassesUnasked)
     EXPECT_EQ(database.texts, Texts{});
 }
 
+TEST_F(CheckTypedKeyTest, ThousandsSeparatorsDoNotCount)
+{
+    EXPECT_EQ(Typed(".", '-'), '-');
+    EXPECT_EQ(database.texts, Texts{});
+}
+
 TEST_F(CheckTypedKeyTest, BackspacePassesUnasked)
 {
     EXPECT_EQ(Typed("12", ui::vbKeyBack), ui::vbKeyBack);

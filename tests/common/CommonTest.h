@@ -1,6 +1,5 @@
 #pragma once
 
-#include "adapters/headless/HeadlessDesktop.h"
 #include "adapters/headless/User.h"
 #include "ado/FakeDriver.h"
 #include "basic/Locale.h"
@@ -9,6 +8,7 @@
 #include "korvex_loc/KorvexLoc.h"
 #include "session/KvxVar.h"
 #include "session/SiblingClasses.h"
+#include "support/NewDesktop.h"
 #include "ui/Button.h"
 #include "ui/ComboBox.h"
 #include "ui/Form.h"
@@ -74,7 +74,8 @@ protected:
     }
 
     using Database = ado::testing::FakeDatabase;
-    adapters::headless::HeadlessDesktop desktop;
+    std::unique_ptr<adapters::headless::HeadlessDesktop> ownDesktop = NewDesktop();
+    adapters::headless::HeadlessDesktop& desktop = *ownDesktop;
     Database database;
     KvxVar kvxvar;
 };

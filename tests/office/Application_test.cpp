@@ -1,7 +1,9 @@
 #include "office/OfficeTest.h"
 
+#include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <sys/resource.h>
 
 namespace kvx::adapters::office {
 
@@ -18,6 +20,28 @@ std::string ErrorTextOf(const std::function<void()>& call, std::int32_t number)
     }
     return "(no error)";
 }
+
+/// While it lives, files can be made but hold nothing, as on a full disk.
+class NoRoom {
+public:
+    NoRoom() : former_(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        ::getrlimit(RLIMIT_FSIZE, &limit_);
+        const rlimit none{.rlim_cur = 0, .rlim_max = limit_.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &none);
+    }
+    ~NoRoom()
+    {
+        ::setrlimit(RLIMIT_FSIZE, &limit_);
+        std::signal(SIGXFSZ, former_);
+    }
+    NoRoom(const NoRoom&) = delete;
+    NoRoom& operator=(const NoRoom&) = delete;
+
+private:
+    void (*former_)(int);
+    rlimit limit_{};
+};
 }  // namespace
 
 using OfficeApplicationTest = OfficeTest;
@@ -124,6 +148,18 @@ TEST_F(OfficeApplicationTest, AFileThatCannotBeReplacedIsTold)
     const std::string told = ErrorTextOf([this] { RunPosted(); }, basic::kErrFileAccess);
     EXPECT_EQ(told.find("The printed table cannot be written to " + path + ": "), 0U) << told;
     EXPECT_EQ(shell.opened, Texts{});
+}
+
+TEST_F(OfficeApplicationTest, ADiskWithoutRoomIsToldAndNoFileIsLeftBehind)
+{
+    std::string told;
+    {
+        const NoRoom noRoom;
+        told = ErrorTextOf([this] { Print(kText); }, basic::kErrFileAccess);
+    }
+    EXPECT_TRUE(told.ends_with(".docx: File too large")) << told;
+    EXPECT_EQ(folder.Files(), Texts{});
+    EXPECT_EQ(posted.size(), 0U);
 }
 
 TEST_F(OfficeApplicationTest, AFailedPrintDoesNotStopTheNext)
