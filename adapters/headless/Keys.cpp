@@ -34,16 +34,14 @@ constexpr NamedKey kNamedKeys[] = {
 KeyStroke Typed(char32_t character, std::int16_t shift)
 {
     KeyStroke stroke{kOtherKey, shift, static_cast<std::int32_t>(character)};
-    if (character < 128) {
-        const char c = static_cast<char>(character);
-        if ((c >= '0' && c <= '9') || c == ' ') stroke.keyCode = static_cast<std::int16_t>(c);
-        if (c >= 'a' && c <= 'z') stroke.keyCode = static_cast<std::int16_t>(c - 'a' + 'A');
-        if (c >= 'A' && c <= 'Z') stroke.keyCode = static_cast<std::int16_t>(c);
-        if (c >= 'A' && c <= 'Z') stroke.shift |= vbShiftMask;
-        if (c == ',') stroke.keyCode = 188;
-        if (c == '-') stroke.keyCode = 189;
-        if (c == '.') stroke.keyCode = 190;
-    }
+    const auto between = [character](char32_t first, char32_t last) { return character >= first && character <= last; };
+    if (between(U'0', U'9') || between(U'A', U'Z') || character == U' ')
+        stroke.keyCode = static_cast<std::int16_t>(character);
+    if (between(U'a', U'z')) stroke.keyCode = static_cast<std::int16_t>(character - U'a' + U'A');
+    if (between(U'A', U'Z')) stroke.shift |= vbShiftMask;
+    if (character == U',') stroke.keyCode = 188;
+    if (character == U'-') stroke.keyCode = 189;
+    if (character == U'.') stroke.keyCode = 190;
     const bool letter = stroke.keyCode >= 'A' && stroke.keyCode <= 'Z';
     if ((shift & vbShiftMask) != 0) stroke.character = static_cast<std::int32_t>(basic::UpperCharacter(character));
     if ((shift & vbCtrlMask) != 0) stroke.character = letter ? stroke.keyCode - 'A' + 1 : 0;
@@ -64,7 +62,10 @@ private:
     void Next(std::int16_t shift)
     {
         const char32_t c = basic::NextCharacter(rest_);
-        const std::int16_t more = c == U'+' ? vbShiftMask : c == U'^' ? vbCtrlMask : c == U'%' ? vbAltMask : 0;
+        std::int16_t more = 0;
+        if (c == U'+') more = vbShiftMask;
+        if (c == U'^') more = vbCtrlMask;
+        if (c == U'%') more = vbAltMask;
         if (more != 0 && !rest_.empty())
             Next(static_cast<std::int16_t>(shift | more));
         else if (c == U'(')

@@ -3,6 +3,8 @@
 #include "ui/DataGrid.h"
 #include "ui/MemberRows.h"
 
+#include <utility>
+
 namespace kvx::ui {
 
 DataControl::DataControl(Form& form, std::string_view name) : ControlOf(form, name)
@@ -81,12 +83,11 @@ void DataControl::Moved()
     MoveComplete.Raise();
 }
 
-void DataControl::SetRecordset(const ado::Recordset& recordset)
+void DataControl::SetRecordset(ado::Recordset recordset)
 {
-    const ado::Recordset next = recordset;  // may be a handle of the one that is dropped
-    if (!(next == recordset_)) Drop();
+    if (!(recordset == recordset_)) Drop();
     Detach();
-    recordset_ = next;
+    recordset_ = std::move(recordset);
     for (DataGrid* grid : grids_)
         grid->ReBind();
     Attach();

@@ -41,7 +41,7 @@ public:
     ado::Recordset& Recordset() { return recordset_; }
     const ado::Recordset& Recordset() const { return recordset_; }
     /// Another recordset to show; raises MoveComplete.
-    void SetRecordset(const ado::Recordset& recordset);
+    void SetRecordset(ado::Recordset recordset);
 
     /// Drops the recordset and opens a new one from ConnectionString and RecordSource, on its first row. Grids build
     /// their columns anew, then MoveComplete is raised. @throws basic::Error the provider's; the old rows are gone

@@ -69,7 +69,7 @@ std::size_t TextArena::MemoryBytes() const
 {
     std::size_t bytes = chunks_.size() * kChunk;
     for (const std::string& text : large_)
-        bytes += sizeof text + text.capacity();
+        bytes += sizeof(std::string) + text.capacity();
     return bytes;
 }
 

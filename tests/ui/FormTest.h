@@ -3,6 +3,7 @@
 #include "adapters/headless/HeadlessDesktop.h"
 #include "adapters/headless/User.h"
 #include "basic/Error.h"
+#include "support/NewDesktop.h"
 #include "ui/Control.h"
 #include "ui/Desktop.h"
 #include "ui/Form.h"
@@ -10,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -74,7 +76,8 @@ protected:
         desktop.Finish();
         EXPECT_EQ(desktop.Failures(), Log{});
     }
-    HeadlessDesktop desktop;
+    std::unique_ptr<HeadlessDesktop> ownDesktop = test::NewDesktop();
+    HeadlessDesktop& desktop = *ownDesktop;
 };
 
 }  // namespace kvx::ui::testing

@@ -144,6 +144,19 @@ TEST_F(Trees, ALabelEditOpensWithItsTextFullyMarked)
     });
 }
 
+TEST_F(Trees, AnEditThatAButtonBeginsTakesTheKeys)
+{
+    form.ok.Click.Connect([this] { tree.StartLabelEdit(); });
+    Run(form, [&](User& user) {
+        user.Select("tree", {"Nord"});
+        user.Click("ok");
+        EXPECT_TRUE(tree.HasFocus());
+        user.Keys("West{ENTER}");
+        EXPECT_EQ(tree.Item("N").Text(), "West");
+        EXPECT_FALSE(tree.IsEditing());
+    });
+}
+
 TEST_F(Trees, BeforeLabelEditMayRefuse)
 {
     tree.BeforeLabelEdit.Connect([](bool& cancel) { cancel = true; });
