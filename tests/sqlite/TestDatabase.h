@@ -3,6 +3,7 @@
 #include "adapters/sqlite/SqliteDriver.h"
 #include "ado/Connection.h"
 #include "basic/Convert.h"
+#include "basic/Error.h"
 
 #include <gtest/gtest.h>
 
