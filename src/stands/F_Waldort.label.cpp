@@ -34,10 +34,10 @@ void F_Waldort::TreeView1_BeforeLabelEdit(bool& Cancel)
     const ui::Node node = TreeView1.SelectedItem();
     const ui::Node expected = std::exchange(nodeNaming, nullptr);
     // Esc leaves a naming without any event: what begins now is a rename, unless we went on with the naming ourselves,
-    // and then only at the same node: a click elsewhere gives it up.
+    // and then only at the same node: a click elsewhere, on Ok too, gives it up.
     if (expected != node) blnNewNode = false;
     if (!node) return;
-    if (expected && expected != node) {
+    if (expected && (expected != node || !Visible())) {
         Cancel = true;
         return;
     }

@@ -171,6 +171,50 @@ TEST(StandRename, ARefusedNameIsGivenUpByAClickElsewhere)
     });
 }
 
+TEST(StandRename, ARefusedNameIsGivenUpByOk)
+{
+    Scenario s;
+    std::string strWO;
+    s.In("F_Waldort", [&](Dialog& f) {
+        f.Select("TreeView1", {"Nord", "3"});
+        f.Keys("{F2}1");
+        f.Answer(188, ui::vbOK);
+        f.Click("btnOK");
+    });
+    EXPECT_EQ(c_Waldort().WaldortId(s.kvxvar(), strWO, 0, 0, nullptr), 17);
+    EXPECT_EQ(strWO, "Nord/ 3: Nord 3");
+}
+
+TEST(StandRename, ANameStillBeingTypedIsTakenByOk)
+{
+    Scenario s;
+    std::string strWO;
+    s.In("F_Waldort", [&](Dialog& f) {
+        f.Select("TreeView1", {"Nord", "3"});
+        f.Keys("{F2}33");
+        f.Click("btnOK");
+    });
+    EXPECT_EQ(c_Waldort().WaldortId(s.kvxvar(), strWO, 0, 0, nullptr), 17);
+    EXPECT_EQ(strWO, "Nord/ 33: Nord 3");
+}
+
+TEST(StandRename, DeletingAStandWhoseNewNameIsRefusedDeletesTheOldOne)
+{
+    Scenario s;
+    Maintain(s, [&](Dialog& f) {
+        f.Select("TreeView1", {"Nord", "3"});
+        f.Keys("{F2}1");
+        f.Answer(188, ui::vbOK);
+        f.Answer(186, ui::vbYes);
+        f.Click("btnLoschen");
+        EXPECT_FALSE(Has(f, "Nord/3"));
+        EXPECT_FALSE(Tree(f).IsEditing());
+        f.Click("btnCancel");
+    });
+    EXPECT_EQ(s.Value("SELECT COUNT(*) FROM WALDORT WHERE WO1 = 'Nord' AND WO2 = '1'"), "6");
+    EXPECT_EQ(s.Value("SELECT COUNT(*) FROM WALDORT WHERE WO1 = 'Nord' AND WO2 = '3'"), "0");
+}
+
 TEST(StandRename, AnEmptyTextRemovesTheNodeAndTouchesNoRow)
 {
     Scenario s;
