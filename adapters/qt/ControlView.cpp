@@ -58,6 +58,7 @@ void ControlView::Leave()
 void ControlView::Changed(ui::Change what)
 {
     dirty_ |= Bit(what);
+    if (what == ui::Change::Geometry || what == ui::Change::Visible) window_.LabelsMoved();
     window_.ChangesWaiting();
 }
 
@@ -103,10 +104,12 @@ void ControlView::ShowChanges()
     if (Has(changes, ui::Change::Enabled) && GreysOut()) widget_->setEnabled(control_->Enabled());
     if (Has(changes, ui::Change::Look)) {
         widget_->setToolTip(ToQt(control_->ToolTipText()));
-        if (widget_->font().bold() != control_->FontBold()) {
+        if (control_->FontBold()) {
             QFont font = window_.font();
-            font.setBold(control_->FontBold());
+            font.setBold(true);
             widget_->setFont(font);
+        } else if (widget_->testAttribute(Qt::WA_SetFont)) {
+            widget_->setFont(QFont());
         }
     }
     if (Has(changes, ui::Change::Colour) || Has(changes, ui::Change::Enabled)) ApplyColours();

@@ -12,6 +12,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QResizeEvent>
 
 #include <algorithm>
@@ -151,6 +152,7 @@ void FormWindow::Detach()
 void FormWindow::Gone()
 {
     form_ = nullptr;
+    desktop_.WindowGone(*this);
     Detach();
 }
 
@@ -200,7 +202,7 @@ void FormWindow::ShowChanges()
         for (const auto& view : views_)
             view->ShowChanges();
     }
-    LabelControls();
+    if (std::exchange(labelsMoved_, false)) LabelControls();
     syncing_ = false;
 }
 
@@ -300,8 +302,11 @@ void FormWindow::PaintNow(QWidget* widget)
 void FormWindow::Act(const std::function<void()>& action)
 {
     if (form_ == nullptr) return;
+    // The action may close the dialog and run message loops of its own: the window may be gone behind it.
+    const QPointer<FormWindow> self(this);
     ++acting_;
     form_->Protect(action);
+    if (self.isNull()) return;
     --acting_;
     if (form_ == nullptr) return;
     ShowChanges();

@@ -47,6 +47,8 @@ public:
     /// A view has changes to show. They are shown at the end of the present action, at latest from the message loop.
     void ChangesWaiting();
     void ShowChanges();
+    /// Places or words changed: labels may name other boxes now.
+    void LabelsMoved() { labelsMoved_ = true; }
 
     /// Events of a widget that belongs to a control come through the window's filter.
     void Watch(QWidget* widget, ControlView* view);
@@ -103,7 +105,7 @@ private:
     QHash<const QObject*, ControlView*> watched_;
     QEventLoop* loop_ = nullptr;
     int acting_ = 0;  // actions of the user that run now, nested
-    bool changesPosted_ = false, anyChanges_ = true, formDirty_ = true;
+    bool changesPosted_ = false, anyChanges_ = true, formDirty_ = true, labelsMoved_ = true;
     bool syncing_ = false;    // focus and size change by our own hand
     bool ctrlAlone_ = false;  // Ctrl is down and nothing else has been since
     QSet<int> keysDown_;      // pressed here: a release from elsewhere is not ours

@@ -122,6 +122,11 @@ void QtDesktop::FormUnloaded(ui::Form& form)
     if (FormWindow* window = windows_.take(&form); window != nullptr) window->Detach();
 }
 
+void QtDesktop::WindowGone(const FormWindow& window)
+{
+    windows_.removeIf([&window](const auto& entry) { return entry.value() == &window; });
+}
+
 // --- boxes
 
 std::int32_t QtDesktop::MessageBox(std::string_view prompt, std::int32_t flags, std::string_view title)

@@ -57,6 +57,9 @@ public:
     /// The forms of another desktop, which passes its calls on to this one, are shown here.
     void ShareForms(const ui::Desktop& desktop) { forms_ = &desktop; }
 
+    /// The form of this window was destroyed.
+    void WindowGone(const FormWindow& window);
+
     /// Message and input boxes shown so far; a press of the mouse that raised one does not go on as a press.
     int BoxesShown() const { return boxesShown_; }
 

@@ -86,6 +86,12 @@ public:
     }
     bool ClicksByMouse() const override { return true; }
 
+    void Changed(ui::Change what) override
+    {
+        ControlView::Changed(what);
+        Window().LabelsMoved();
+    }
+
 protected:
     void Show(unsigned) override
     {

@@ -30,6 +30,20 @@ bool IsJoinWord(Keyword word)
     }
 }
 
+bool EndsFrom(Keyword word)
+{
+    switch (word) {
+    case Keyword::Where:
+    case Keyword::Group:
+    case Keyword::Having:
+    case Keyword::Order:
+    case Keyword::Limit:
+    case Keyword::Union:
+    case Keyword::Except: return true;
+    default: return false;
+    }
+}
+
 // Which of two types an operation on both gives: the one that holds more.
 int Rank(const DeclaredType& type)
 {
@@ -84,7 +98,7 @@ DeclaredType Combine(const DeclaredType& a, const DeclaredType& b, char operatio
     }
 }
 
-} // namespace
+}  // namespace
 
 const TableColumn* TableDef::Find(std::string_view column) const
 {
@@ -112,9 +126,17 @@ std::string Analysis::ReadName(std::size_t index, std::size_t last, std::size_t&
     return Unquote(tokens_.Text(index));
 }
 
+std::string_view Analysis::NameOf(std::size_t index, std::string& buffer) const
+{
+    if (At(index).kind == TokenKind::Word) return tokens_.Text(index);
+    buffer = Unquote(tokens_.Text(index));
+    return buffer;
+}
+
 SelectParts Analysis::Parts(std::size_t select, std::size_t last) const
 {
     SelectParts parts;
+    parts.items.reserve(8);
     std::size_t i = select + 1;
     if (i < last && (At(i).Is(Keyword::Distinct) || At(i).Is(Keyword::All)))
         parts.distinct = At(i++).Is(Keyword::Distinct);
@@ -122,16 +144,11 @@ SelectParts Analysis::Parts(std::size_t select, std::size_t last) const
         if (At(i + 1).IsNumber()) i += 2;
         if (At(i).Is(Keyword::Top) && At(i + 1).kind == TokenKind::Open) i = tokens_.BehindClose(i + 1);
     }
-    enum class Clause { List, From, Rest } clause = Clause::List;
+    bool inFrom = false;
     std::size_t item = i;
-    const auto endItem = [&](std::size_t end) {
-        if (clause == Clause::List && end > item) parts.items.push_back({item, end});
-        item = end + 1;
-    };
-    const auto leave = [&](std::size_t end) {
-        endItem(end);
-        if (clause == Clause::From) parts.from.last = end;
-        clause = Clause::Rest;
+    const auto endItem = [&] {
+        if (!inFrom && i > item) parts.items.push_back({item, i});
+        item = i + 1;
     };
     for (; i < last; ++i) {
         const Token& token = At(i);
@@ -139,41 +156,40 @@ SelectParts Analysis::Parts(std::size_t select, std::size_t last) const
             i = tokens_.BehindClose(i) - 1;
             continue;
         }
-        if (token.kind == TokenKind::Close || token.kind == TokenKind::Semicolon || token.kind == TokenKind::End) break;
         if (token.kind == TokenKind::Comma) {
-            if (clause == Clause::List) endItem(i);
+            endItem();
             continue;
         }
-        switch (token.word) {
-        case Keyword::From:
-            if (clause != Clause::List) break;
-            leave(i);
-            clause = Clause::From;
+        if (token.kind == TokenKind::Close || token.kind == TokenKind::Semicolon || EndsFrom(token.word)) break;
+        if (token.Is(Keyword::From) && !inFrom) {
+            endItem();
+            inFrom = true;
             parts.from.first = i + 1;
-            break;
-        case Keyword::Group: parts.grouped = true; [[fallthrough]];
-        case Keyword::Where:
-        case Keyword::Having:
-        case Keyword::Order:
-        case Keyword::Limit: leave(i); break;
-        case Keyword::Union:
-        case Keyword::Except:
-            parts.compound = true;
-            leave(i);
-            parts.last = i;
-            return parts;
-        default: break;
         }
     }
-    leave(i);
-    parts.last = i;
+    endItem();
+    if (inFrom) parts.from.last = i;
     return parts;
+}
+
+bool Analysis::IsCompound(std::size_t select, std::size_t last) const
+{
+    for (std::size_t i = select; i < last; ++i) {
+        const Token& token = At(i);
+        if (token.kind == TokenKind::Open)
+            i = tokens_.BehindClose(i) - 1;
+        else if (token.kind == TokenKind::Close || token.kind == TokenKind::Semicolon)
+            return false;
+        else if (token.Is(Keyword::Union) || token.Is(Keyword::Except))
+            return true;
+    }
+    return false;
 }
 
 std::vector<Source> Analysis::Sources(Range from, const Scope* outer) const
 {
     std::vector<Source> sources;
-    bool expected = true; // a table may stand here
+    bool expected = true;  // a table may stand here
     const auto readAlias = [&](std::size_t i, Source& source) {
         if (i < from.last && At(i).Is(Keyword::As)) ++i;
         if (i < from.last && At(i).IsName() && !IsJoinWord(At(i).word)) source.alias = Unquote(tokens_.Text(i++));
@@ -189,7 +205,7 @@ std::vector<Source> Analysis::Sources(Range from, const Scope* outer) const
             sources.push_back(std::move(source));
             expected = false;
         } else if (token.kind == TokenKind::Open && !expected) {
-            i = tokens_.BehindClose(i); // a condition
+            i = tokens_.BehindClose(i);  // a condition
         } else if (token.IsName() && expected && !IsJoinWord(token.word)) {
             Source source;
             std::size_t next = i;
@@ -259,25 +275,34 @@ bool Analysis::IsPlainColumn(Range range) const
     return range.Size() % 2 == 1 && !At(range.first).Is(Keyword::Null);
 }
 
-std::optional<Analysis::Column> Analysis::FindColumn(Range name, const Scope& scope) const
+bool Analysis::FindColumn(Range name, const Scope& scope, ResultColumn& result) const
 {
-    const std::string column = Unquote(tokens_.Text(name.last - 1));
-    const std::string table = name.Size() > 2 ? Unquote(tokens_.Text(name.last - 3)) : std::string();
+    std::string columnBuffer, tableBuffer;
+    const std::string_view column = NameOf(name.last - 1, columnBuffer);
+    const std::string_view table = name.Size() > 2 ? NameOf(name.last - 3, tableBuffer) : std::string_view();
     for (const Scope* level = &scope; level != nullptr; level = level->outer) {
         for (const Source& source : level->sources) {
             if (!table.empty() && !SameText(table, source.alias)) continue;
             if (source.definition != nullptr) {
-                if (const TableColumn* found = source.definition->Find(column))
-                    return Column{found->type, source.definition->name, found->name, found->nullable};
+                if (const TableColumn* found = source.definition->Find(column)) {
+                    result.type = found->type;
+                    result.table = source.definition;
+                    result.column = found;
+                    return true;
+                }
                 continue;
             }
             const auto found =
                 std::ranges::find_if(source.columns, [&](const ResultColumn& c) { return SameText(c.name, column); });
-            if (found != source.columns.end())
-                return Column{found->type, found->baseTable, found->baseColumn, found->nullable};
+            if (found != source.columns.end()) {
+                result.type = found->type;
+                result.table = found->table;
+                result.column = found->column;
+                return true;
+            }
         }
     }
-    return std::nullopt;
+    return false;
 }
 
 std::optional<std::vector<ResultColumn>> Analysis::Columns(std::size_t select, std::size_t last,
@@ -286,13 +311,14 @@ std::optional<std::vector<ResultColumn>> Analysis::Columns(std::size_t select, s
     const SelectParts parts = Parts(select, last);
     Scope scope{Sources(parts.from, outer), outer};
     std::vector<ResultColumn> result;
+    result.reserve(parts.items.size());
     const auto spread = [&](const Source& source) {
         if (source.definition == nullptr) {
             result.insert(result.end(), source.columns.begin(), source.columns.end());
             return !source.columns.empty();
         }
         for (const TableColumn& c : source.definition->columns)
-            result.push_back({c.name, c.type, source.definition->name, c.name, c.nullable});
+            result.push_back({c.name, c.type, source.definition, &c});
         return true;
     };
     for (Range item : parts.items) {
@@ -318,12 +344,7 @@ std::optional<std::vector<ResultColumn>> Analysis::Columns(std::size_t select, s
         }
         if (IsPlainColumn(item)) {
             if (column.name.empty()) column.name = Unquote(tokens_.Text(item.last - 1));
-            const std::optional<Column> found = FindColumn(item, scope);
-            if (!found) return std::nullopt;
-            column.type = found->type;
-            column.baseTable = found->baseTable;
-            column.baseColumn = found->baseColumn;
-            column.nullable = found->nullable;
+            if (!FindColumn(item, scope, column)) return std::nullopt;
         } else {
             column.type = TypeOf(item, scope).value_or(TextType(4000, true));
         }
@@ -388,7 +409,7 @@ std::optional<DeclaredType> Analysis::TypeOfOperation(Range expression, const Sc
             isOperation = true;
             return IntType();
         }
-        if (i == begin) { // a sign
+        if (i == begin) {  // a sign
             begin = i + 1;
             continue;
         }
@@ -518,8 +539,8 @@ std::optional<DeclaredType> Analysis::TypeOf(Range expression, const Scope& scop
         if (At(expression.first).kind == TokenKind::Variable) return NumericType(38, 0);
     }
     if (IsPlainColumn(expression)) {
-        const auto column = FindColumn(expression, scope);
-        return column ? std::optional(column->type) : std::nullopt;
+        ResultColumn column;
+        return FindColumn(expression, scope, column) ? std::optional(column.type) : std::nullopt;
     }
     bool isOperation = false;
     const auto operation = TypeOfOperation(expression, scope, isOperation);
@@ -531,4 +552,4 @@ std::optional<DeclaredType> Analysis::TypeOf(Range expression, const Scope& scop
     return std::nullopt;
 }
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

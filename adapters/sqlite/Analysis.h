@@ -24,28 +24,27 @@ struct Range {
     std::size_t Size() const { return last - first; }
 };
 
-/// One SELECT: its parts as ranges.
+/// The parts of a SELECT that tell its columns.
 struct SelectParts {
     std::vector<Range> items;
-    Range from;           ///< behind FROM; empty when there is none
-    std::size_t last = 0; ///< before UNION or what closes the SELECT
-    bool grouped = false, distinct = false, compound = false;
+    Range from;  ///< behind FROM; empty when there is none
+    bool distinct = false;
 };
 
 /// A column as a SELECT gives it to the one around it.
 struct ResultColumn {
     std::string name;
     DeclaredType type;
-    std::optional<std::string> baseTable, baseColumn;
-    bool nullable = true;
+    const TableDef* table = nullptr;  ///< nothing for anything computed
+    const TableColumn* column = nullptr;
 };
 
 /// A table or derived table behind FROM.
 struct Source {
-    std::string table; ///< empty: derived
-    std::string alias; ///< as others call it; the table's name when it has none
+    std::string table;  ///< empty: derived
+    std::string alias;  ///< as others call it; the table's name when it has none
     const TableDef* definition = nullptr;
-    std::vector<ResultColumn> columns; ///< of a derived table
+    std::vector<ResultColumn> columns;  ///< of a derived table
 };
 
 /// The tables that names in a SELECT may mean; inner SELECTs see those of the outer ones too.
@@ -60,6 +59,9 @@ public:
 
     /// Finds the parts of the SELECT at the token. @param last  behind the last token it may have
     SelectParts Parts(std::size_t select, std::size_t last) const;
+
+    /// True when a UNION or EXCEPT follows in the same brackets.
+    bool IsCompound(std::size_t select, std::size_t last) const;
 
     std::vector<Source> Sources(Range from, const Scope* outer) const;
 
@@ -79,12 +81,9 @@ public:
     std::string ReadName(std::size_t index, std::size_t last, std::size_t& next) const;
 
 private:
-    struct Column {
-        DeclaredType type;
-        std::optional<std::string> baseTable, baseColumn;
-        bool nullable = true;
-    };
-    std::optional<Column> FindColumn(Range name, const Scope& scope) const;
+    /// The name without its brackets, in the buffer if it has any.
+    std::string_view NameOf(std::size_t index, std::string& buffer) const;
+    bool FindColumn(Range name, const Scope& scope, ResultColumn& result) const;
     std::vector<Range> SplitAtCommas(Range range) const;
     std::optional<DeclaredType> TypeOfOperation(Range expression, const Scope& scope, bool& isOperation) const;
     std::optional<DeclaredType> TypeOfCall(Range expression, const Scope& scope) const;
@@ -98,4 +97,4 @@ private:
     Schema& schema_;
 };
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

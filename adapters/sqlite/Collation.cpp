@@ -120,7 +120,7 @@ int CompareDatesCallback(void*, int sizeA, const void* a, int sizeB, const void*
     return CompareDates(View(sizeA, a), View(sizeB, b));
 }
 
-} // namespace
+}  // namespace
 
 int CompareText(std::string_view a, std::string_view b)
 {
@@ -145,10 +145,10 @@ int CompareDates(std::string_view a, std::string_view b)
 void RegisterCollations(sqlite3* database)
 {
     // SQLite hands the pointer back to us only, and the order never changes.
-    void* order = const_cast<GermanOrder*>(&Order()); // NOLINT(cppcoreguidelines-pro-type-const-cast)
+    void* order = const_cast<GermanOrder*>(&Order());  // NOLINT(cppcoreguidelines-pro-type-const-cast)
     Check(database, sqlite3_create_collation_v2(database, "KVX", SQLITE_UTF8, order, CompareTextCallback, nullptr));
     Check(database,
           sqlite3_create_collation_v2(database, "KVX_DATE", SQLITE_UTF8, nullptr, CompareDatesCallback, nullptr));
 }
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

@@ -21,4 +21,4 @@ int CompareDates(std::string_view a, std::string_view b);
 /// Registers KVX and KVX_DATE. Plain readers of the file (benchmarks, tests) need them too.
 void RegisterCollations(sqlite3* database);
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

@@ -11,7 +11,7 @@ namespace kvx::adapters::sqlite {
 namespace {
 
 constexpr std::size_t kShapes = 256;
-constexpr std::size_t kLongestShape = 8192; // longer texts hold lists of ids and hardly come twice
+constexpr std::size_t kLongestShape = 8192;  // longer texts hold lists of ids and hardly come twice
 constexpr int kDeepestCall = 32;
 constexpr int kStepsBetweenLooks = 100'000;
 
@@ -62,7 +62,7 @@ std::string_view Trim(std::string_view text)
     return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-} // namespace
+}  // namespace
 
 void CloseDatabase::operator()(sqlite3* database) const
 {
@@ -133,8 +133,8 @@ std::vector<std::string> Connection::Translations(std::string_view text, const a
     shaper.Run(text);
     std::vector<std::string> result;
     for (const Statement& statement : shaper.Statements()) {
-        Translation translation = Translate(
-            shaper, statement, *this, {.withRowKeys = options.withRowKeys, .tableAllowed = options.tableAllowed});
+        Translation translation = Translate(shaper, statement, *this,
+                                            {.withRowKeys = options.withRowKeys, .tableAllowed = options.tableAllowed});
         if (statement.kind == StatementKind::If) {
             result.push_back(std::move(translation.condition));
             const Statement body = BodyOf(shaper, statement);
@@ -144,7 +144,8 @@ std::vector<std::string> Connection::Translations(std::string_view text, const a
         } else if (!translation.sql.empty()) {
             result.push_back(std::move(translation.sql));
         }
-        for (std::string& sql : translation.more) result.push_back(std::move(sql));
+        for (std::string& sql : translation.more)
+            result.push_back(std::move(sql));
     }
     return result;
 }
@@ -191,8 +192,8 @@ Connection::Result Connection::RunBatch(Shaper& shaper, const ado::ExecuteOption
     return result ? std::move(result) : std::make_unique<DoneStatement>(-1);
 }
 
-// A fault anywhere in a text stops it before its first statement. Missing tables and bad values count when they are reached:
-// a statement before may make them.
+// A fault anywhere in a text stops it before its first statement. Missing tables and bad values count when they are
+// reached: a statement before may make them.
 void Connection::CheckBatch(const Shaper& shaper)
 {
     for (const Statement& statement : shaper.Statements())
@@ -225,7 +226,7 @@ Connection::Result Connection::RunStatement(const Shaper& shaper, const Statemen
         Translate(shaper, statement, *this, {.withRowKeys = options.withRowKeys, .tableAllowed = options.tableAllowed});
     switch (translation.kind) {
     case StatementKind::Exec: return RunProcedure(translation.sql, options);
-    case StatementKind::Select: { // a table's bare name
+    case StatementKind::Select: {  // a table's bare name
         Shaper rows;
         return RunText(rows, translation.sql, options);
     }
@@ -248,7 +249,7 @@ Connection::Result Connection::RunStatement(const Shaper& shaper, const Statemen
     }
     auto prepared = std::make_unique<Prepared>();
     prepared->statement = Prepare(database_.get(), translation.sql, false);
-    if (prepared->statement == nullptr) return std::make_unique<DoneStatement>(-1); // only blanks
+    if (prepared->statement == nullptr) return std::make_unique<DoneStatement>(-1);  // only blanks
     prepared->columns =
         std::make_shared<const std::vector<ado::ColumnInfo>>(DescribeByEngine(prepared->statement.get(), *this));
     prepared->readOnly = sqlite3_stmt_readonly(prepared->statement.get()) != 0;
@@ -264,7 +265,7 @@ Connection::Result Connection::RunQuery(const Shaper& shaper, const Statement& s
     std::unique_ptr<Prepared> prepared;
     if (shape != nullptr) prepared = cache_.Take(*shape);
     if (!prepared) prepared = Compile(shaper, statement, options.withRowKeys, shape);
-    if (statement.firstLifted != statement.lastLifted) {
+    if (!prepared->parameters.empty()) {
         try {
             Bind(*prepared, shaper, statement);
         } catch (...) {
@@ -351,14 +352,16 @@ Shape* Connection::FindShape(const Shaper& shaper, const Statement& statement, b
 std::unique_ptr<Prepared> Connection::Compile(const Shaper& shaper, const Statement& statement, bool withRowKeys,
                                               Shape* shape)
 {
-    Translation translation = Translate(shaper, statement, *this, {.withRowKeys = withRowKeys});
+    TranslateOptions options{.withRowKeys = withRowKeys, .keepsValues = shape == nullptr};
+    Translation translation = Translate(shaper, statement, *this, options);
     auto prepared = std::make_unique<Prepared>();
     try {
         prepared->statement = Prepare(database_.get(), translation.sql, shape != nullptr);
     } catch (const basic::Error&) {
         if (translation.rowKeyTables.empty()) throw;
         // Something in the text leaves no way to the rows; it runs without keys, or fails in its own words.
-        translation = Translate(shaper, statement, *this, {});
+        options.withRowKeys = false;
+        translation = Translate(shaper, statement, *this, options);
         prepared->statement = Prepare(database_.get(), translation.sql, shape != nullptr);
     }
     prepared->parameters = std::move(translation.parameters);
@@ -372,7 +375,7 @@ std::unique_ptr<Prepared> Connection::Compile(const Shaper& shaper, const Statem
 void Connection::Bind(Prepared& prepared, const Shaper& shaper, const Statement& statement)
 {
     const TokenList& tokens = shaper.Tokens();
-    constexpr std::size_t kLongestConverted = 40; // a converted date or number
+    constexpr std::size_t kLongestConverted = 40;  // a converted date or number
     std::size_t size = 0;
     for (std::size_t k = statement.firstLifted; k < statement.lastLifted; ++k) {
         const Token& token = tokens.tokens[shaper.Lifted()[k]];
@@ -380,7 +383,7 @@ void Connection::Bind(Prepared& prepared, const Shaper& shaper, const Statement&
     }
     std::string& values = prepared.values;
     values.clear();
-    values.reserve(size); // bound texts point into it
+    values.reserve(size);  // bound texts point into it
     sqlite3_stmt* sql = prepared.statement.get();
     for (std::size_t k = statement.firstLifted; k < statement.lastLifted; ++k) {
         const Token& token = tokens.tokens[shaper.Lifted()[k]];
@@ -440,6 +443,7 @@ void Connection::FinishReads()
 void Connection::GiveBack(std::unique_ptr<Prepared> prepared)
 {
     sqlite3_stmt* statement = prepared->statement.get();
+    if (prepared->shape == nullptr) return;  // goes for good
     sqlite3_reset(statement);
     // Somebody else changed the schema: what is known of columns no longer holds.
     if (sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_REPREPARE, 0) > 0) ForgetSchema();
@@ -450,7 +454,8 @@ void Connection::ForgetSchema()
 {
     cache_.Clear();
     tables_.clear();
+    lastTable_ = nullptr;
     procedures_.clear();
 }
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

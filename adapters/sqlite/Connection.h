@@ -74,7 +74,7 @@ private:
     // The running time of the statement at work is watched from the first call back of the engine on, which short
     // statements never see.
     struct Watch {
-        std::chrono::milliseconds limit{0}; // 0 = none
+        std::chrono::milliseconds limit{0};  // 0 = none
         std::chrono::steady_clock::time_point started;
     };
 
@@ -82,11 +82,12 @@ private:
     ShapeCache cache_;
     Shaper shaper_;
     std::string key_;
-    RowStatement* statements_ = nullptr; // those handed out, as a list
+    RowStatement* statements_ = nullptr;  // those handed out, as a list
     Watch watch_;
-    int depth_ = 0;                                                     // of procedures that call procedures
-    std::unordered_map<std::string, std::unique_ptr<TableDef>> tables_; // by name in lower case
-    std::unordered_map<std::string, std::string> procedures_;           // bodies, by name in lower case
+    int depth_ = 0;                                                      // of procedures that call procedures
+    std::unordered_map<std::string, std::unique_ptr<TableDef>> tables_;  // by name in lower case
+    const TableDef* lastTable_ = nullptr;                                // asked for last
+    std::unordered_map<std::string, std::string> procedures_;            // bodies, by name in lower case
 };
 
 /// BEGIN now, ROLLBACK unless Commit was called. Inside a transaction of the caller it does nothing.
@@ -103,4 +104,4 @@ private:
     bool open_ = false;
 };
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

@@ -20,12 +20,13 @@ bool NextRow(sqlite3* database, sqlite3_stmt* statement)
     return result == SQLITE_ROW;
 }
 
-} // namespace
+}  // namespace
 
 const TableDef* Connection::FindTable(std::string_view name)
 {
+    if (lastTable_ != nullptr && SameText(lastTable_->name, name)) return lastTable_;
     std::string key = LowerAscii(name);
-    if (const auto found = tables_.find(key); found != tables_.end()) return found->second.get();
+    if (const auto found = tables_.find(key); found != tables_.end()) return lastTable_ = found->second.get();
     const StatementPtr find =
         Prepare(database_.get(),
                 "SELECT name, type FROM sqlite_master WHERE type IN ('table', 'view') AND name = ?1 "
@@ -48,7 +49,7 @@ const TableDef* Connection::FindTable(std::string_view name)
         column.nullable = sqlite3_column_int(columns.get(), 3) == 0 && !column.identity;
         table->columns.push_back(std::move(column));
     }
-    return tables_.emplace(std::move(key), std::move(table)).first->second.get();
+    return lastTable_ = tables_.emplace(std::move(key), std::move(table)).first->second.get();
 }
 
 bool Connection::HasProcedure(std::string_view name)
@@ -70,4 +71,4 @@ void Connection::LoadProcedures()
         procedures_[LowerAscii(TextAt(all.get(), 0))] = TextAt(all.get(), 1);
 }
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

@@ -165,7 +165,7 @@ void BindValue(sqlite3* database, sqlite3_stmt* statement, int index, const Valu
                                          "it was last read.");
 }
 
-} // namespace
+}  // namespace
 
 basic::Variant Connection::WriteRow(const ado::RowChange& change)
 {
@@ -175,7 +175,7 @@ basic::Variant Connection::WriteRow(const ado::RowChange& change)
     std::vector<Value> values;
     std::vector<basic::Variant> oldValues;
     for (std::size_t i = 0; i < change.columns.size(); ++i) {
-        if (!change.rowKey && change.values[i].IsEmpty()) continue; // left to the database
+        if (!change.rowKey && change.values[i].IsEmpty()) continue;  // left to the database
         const TableColumn* column = table->Find(change.columns[i]);
         if (column == nullptr) throw MakeError(ado::kErrStatement, "no such column: " + change.columns[i]);
         columns.push_back(column);
@@ -232,4 +232,4 @@ basic::Variant Connection::WriteRow(const ado::RowChange& change)
     return *change.rowKey;
 }
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

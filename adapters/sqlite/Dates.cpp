@@ -104,7 +104,7 @@ std::optional<DateTime> ParseParted(std::string_view text, char separator, bool 
     return Combine(day, reader);
 }
 
-} // namespace
+}  // namespace
 
 // Days by the civil calendar, counted in eras of 400 years that begin in March.
 std::int32_t DaysOf(const CalendarDay& d)
@@ -180,4 +180,4 @@ std::string IsoText(const DateTime& value)
     return {buffer, static_cast<std::size_t>(length)};
 }
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

@@ -10,7 +10,7 @@ namespace kvx::adapters::sqlite {
 
 /// A point in time without a zone.
 struct DateTime {
-    std::int32_t days = 0; ///< since 1 January 1970
+    std::int32_t days = 0;  ///< since 1 January 1970
     std::int32_t milliseconds = 0;
 
     auto operator<=>(const DateTime&) const = default;
@@ -36,4 +36,4 @@ std::optional<DateTime> ParseDate(std::string_view text, std::int32_t style);
 /// yyyy-mm-dd, with hh:mm:ss only when there is a time of day.
 std::string IsoText(const DateTime& value);
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

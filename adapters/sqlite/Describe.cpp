@@ -29,7 +29,7 @@ std::string TextOf(const char* text)
     return text == nullptr ? std::string() : std::string(text);
 }
 
-} // namespace
+}  // namespace
 
 std::vector<ado::ColumnInfo> DescribeByEngine(sqlite3_stmt* prepared, Schema& schema)
 {
@@ -70,11 +70,12 @@ std::vector<ado::ColumnInfo> Describe(sqlite3_stmt* prepared, const Shaper& shap
             ado::ColumnInfo info;
             info.name = std::move(column.name);
             SetType(info, column.type);
-            if (const TableColumn* base = FindColumn(schema, column.baseTable, column.baseColumn))
-                info.autoIncrement = base->identity;
-            info.baseTable = std::move(column.baseTable);
-            info.baseColumn = std::move(column.baseColumn);
-            info.nullable = column.nullable;
+            if (column.column != nullptr) {
+                info.baseTable = column.table->name;
+                info.baseColumn = column.column->name;
+                info.nullable = column.column->nullable;
+                info.autoIncrement = column.column->identity;
+            }
             result.push_back(std::move(info));
         }
     } else {
@@ -91,4 +92,4 @@ std::vector<ado::ColumnInfo> Describe(sqlite3_stmt* prepared, const Shaper& shap
     return result;
 }
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

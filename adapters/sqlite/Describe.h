@@ -19,4 +19,4 @@ std::vector<ado::ColumnInfo> Describe(sqlite3_stmt* prepared, const Shaper& shap
 /// The same from what SQLite knows alone; for statements whose text says nothing.
 std::vector<ado::ColumnInfo> DescribeByEngine(sqlite3_stmt* prepared, Schema& schema);
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

@@ -17,7 +17,7 @@ basic::Error CheckError(const std::string& message)
     if (blank == std::string_view::npos) return MakeError(ado::kErrConstraint, message);
     const std::string_view kind = name.substr(0, blank);
     const std::string what(name.substr(blank + 1));
-    if (kind == "KVX_LENGTH") { // "WALDORT.WO1 25"
+    if (kind == "KVX_LENGTH") {  // "WALDORT.WO1 25"
         const std::size_t size = what.rfind(' ');
         return MakeError(ado::kErrOutOfRange, "String or binary data would be truncated: column " +
                                                   what.substr(0, size) + " takes" + what.substr(size) + " characters.");
@@ -32,7 +32,7 @@ basic::Error CheckError(const std::string& message)
     return MakeError(ado::kErrConstraint, message);
 }
 
-} // namespace
+}  // namespace
 
 basic::Error MakeError(std::int32_t number, std::string description)
 {
@@ -52,7 +52,7 @@ basic::Error MakeError(sqlite3* database, int result)
         if (extended == SQLITE_CONSTRAINT_CHECK) return CheckError(message);
         if (extended == SQLITE_CONSTRAINT_DATATYPE) return MakeError(ado::kErrConversion, std::move(message));
         return MakeError(ado::kErrConstraint, std::move(message));
-    case SQLITE_MISMATCH: return MakeError(ado::kErrConversion, std::move(message)); // also raised by our functions
+    case SQLITE_MISMATCH: return MakeError(ado::kErrConversion, std::move(message));  // also raised by our functions
     case SQLITE_TOOBIG: return MakeError(ado::kErrOutOfRange, std::move(message));
     case SQLITE_INTERRUPT: return MakeError(ado::kErrTimeout, "Timeout expired.");
     case SQLITE_READONLY:
@@ -67,4 +67,4 @@ void Check(sqlite3* database, int result)
     if (result != SQLITE_OK && result != SQLITE_ROW && result != SQLITE_DONE) throw MakeError(database, result);
 }
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

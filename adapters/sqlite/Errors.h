@@ -23,4 +23,4 @@ basic::Error MakeError(sqlite3* database, int result);
 /// @throws basic::Error when result is a failure
 void Check(sqlite3* database, int result);
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

@@ -228,7 +228,7 @@ void Len(sqlite3_context* context, int, Arguments arguments)
     if (IsNull(arguments[0])) return;
     std::string_view text = TextOf(arguments[0]);
     while (text.ends_with(' '))
-        text.remove_suffix(1); // as the server counts
+        text.remove_suffix(1);  // as the server counts
     sqlite3_result_int64(context, static_cast<sqlite3_int64>(CountCharacters(text)));
 }
 
@@ -338,7 +338,7 @@ constexpr Function kFunctions[] = {
     {"day", 1, true, [](sqlite3_context* c, int, Arguments a) { DatePart(c, a, &CalendarDay::day); }},
 };
 
-} // namespace
+}  // namespace
 
 void SetClock(std::function<std::time_t()> clock)
 {
@@ -359,4 +359,4 @@ void RegisterFunctions(sqlite3* database)
     }
 }
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

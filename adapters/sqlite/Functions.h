@@ -20,4 +20,4 @@ bool LikeMatches(std::string_view text, std::string_view pattern, std::string_vi
 /// and object_id.
 void RegisterFunctions(sqlite3* database);
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

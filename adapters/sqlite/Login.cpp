@@ -44,7 +44,7 @@ std::string TextAt(sqlite3_stmt* statement, int column)
     return text == nullptr ? std::string() : std::string(text);
 }
 
-} // namespace
+}  // namespace
 
 void CheckLogin(Connection& connection, std::string_view user, std::string_view password)
 {
@@ -85,4 +85,4 @@ void WriteLogin(Connection& connection, std::string_view user, std::string_view 
     transaction.Commit();
 }
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

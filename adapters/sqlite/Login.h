@@ -13,4 +13,4 @@ void CheckLogin(Connection& connection, std::string_view user, std::string_view 
 /// Writes the user's salted hash into KORVEX_LOGIN, which is made if it is missing.
 void WriteLogin(Connection& connection, std::string_view user, std::string_view password);
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

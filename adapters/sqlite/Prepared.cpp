@@ -1,7 +1,9 @@
 #include "adapters/sqlite/Prepared.h"
 
 #include "adapters/sqlite/Errors.h"
+#include "ado/Constants.h"
 
+#include <algorithm>
 #include <cstring>
 #include <sqlite3.h>
 
@@ -12,58 +14,65 @@ void FinalizeStatement::operator()(sqlite3_stmt* statement) const
     sqlite3_finalize(statement);
 }
 
-StatementPtr Prepare(sqlite3* database, std::string_view sql, bool keep)
+// The engine reads up to the first zero or the first semicolon and would leave the rest out without a word.
+StatementPtr Prepare(sqlite3* database, const std::string& sql, bool keep)
 {
     sqlite3_stmt* statement = nullptr;
-    const int result = sqlite3_prepare_v3(database, sql.data(), static_cast<int>(sql.size()),
-                                          keep ? SQLITE_PREPARE_PERSISTENT : 0, &statement, nullptr);
+    const char* tail = nullptr;
+    const int result = sqlite3_prepare_v3(database, sql.c_str(), static_cast<int>(sql.size()) + 1,
+                                          keep ? SQLITE_PREPARE_PERSISTENT : 0, &statement, &tail);
+    StatementPtr owner(statement);
     Check(database, result);
-    return StatementPtr(statement);
+    const char* const end = sql.data() + sql.size();
+    if (tail == end) return owner;
+    if (std::find(tail, end, '\0') != end || std::strlen(sql.c_str()) != sql.size())
+        throw MakeError(ado::kErrStatement, "unrecognized token: a zero");
+    const std::string rest(tail, end);
+    if (rest.find_first_not_of(" \t\r\n;") == std::string::npos) return owner;
+    if (Prepare(database, rest, false) != nullptr)
+        throw MakeError(ado::kErrStatement, "near \"" + rest + "\": syntax error");
+    return owner;
 }
 
-// Eight bytes at a time: the key is a whole statement, and every look-up hashes one.
-std::size_t ShapeCache::Hash::operator()(const std::string& key) const noexcept
+// Eight bytes at a time: a whole statement is hashed at every look-up.
+std::size_t ShapeCache::HashOf(std::string_view text)
 {
     constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15ull;
-    std::uint64_t hash = key.size() * kFactor;
-    const char* data = key.data();
-    std::size_t left = key.size();
-    while (left >= 8) {
+    std::uint64_t hash = text.size() * kFactor;
+    while (!text.empty()) {
         std::uint64_t word = 0;
-        std::memcpy(&word, data, 8);
+        const std::size_t size = std::min<std::size_t>(text.size(), 8);
+        std::memcpy(&word, text.data(), size);
         hash = (hash ^ word) * kFactor;
         hash ^= hash >> 29;
-        data += 8;
-        left -= 8;
+        text.remove_prefix(size);
     }
-    std::uint64_t word = 0;
-    std::memcpy(&word, data, left);
-    hash = (hash ^ word) * kFactor;
     return static_cast<std::size_t>(hash ^ hash >> 32);
 }
 
-Shape* ShapeCache::Find(const std::string& key)
+Shape* ShapeCache::Find(std::string_view text)
 {
-    if (const auto found = shapes_.find(key); found != shapes_.end()) {
+    const std::size_t hash = HashOf(text);
+    if (const auto found = shapes_.find(hash); found != shapes_.end()) {
         Shape& shape = found->second;
+        if (shape.text != text) return nullptr;  // two shapes of one hash: the second is not kept
         if (byUse_.front() != &shape) byUse_.splice(byUse_.begin(), byUse_, shape.place);
         return &shape;
     }
-    const std::size_t hash = Hash()(key);
     std::size_t& slot = seen_[hash % kRemembered];
     if (slot != hash) {
         slot = hash;
         return nullptr;
     }
-    const auto it = shapes_.try_emplace(key).first;
-    Shape& shape = it->second;
-    shape.key = &it->first;
+    Shape& shape = shapes_[hash];
+    shape.text = text;
+    shape.hash = hash;
     shape.place = byUse_.insert(byUse_.begin(), &shape);
     for (auto last = byUse_.end(); shapes_.size() > capacity_ && last != byUse_.begin();) {
         Shape* oldest = *--last;
         if (oldest->inUse > 0 || oldest == &shape) continue;
         last = byUse_.erase(last);
-        shapes_.erase(shapes_.find(*oldest->key));
+        shapes_.erase(oldest->hash);
     }
     return &shape;
 }
@@ -107,4 +116,4 @@ void ShapeCache::Clear()
     }
 }
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

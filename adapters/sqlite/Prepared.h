@@ -23,7 +23,7 @@ struct FinalizeStatement {
 using StatementPtr = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 
 /// @throws basic::Error the engine's
-StatementPtr Prepare(sqlite3* database, std::string_view sql, bool keep);
+StatementPtr Prepare(sqlite3* database, const std::string& sql, bool keep);
 
 struct Shape;
 
@@ -31,10 +31,10 @@ struct Shape;
 struct Prepared {
     StatementPtr statement;
     bool readOnly = true;
-    std::shared_ptr<const std::vector<ado::ColumnInfo>> columns; ///< empty: gives no rows
+    std::shared_ptr<const std::vector<ado::ColumnInfo>> columns;  ///< empty: gives no rows
     std::vector<std::optional<Assignment>> parameters;
-    std::string values;     ///< the bound texts
-    Shape* shape = nullptr; ///< where it goes back to; nullptr: it is used once
+    std::string values;      ///< the bound texts
+    Shape* shape = nullptr;  ///< where it goes back to; nullptr: it is used once
     std::uint32_t generation = 0;
 };
 
@@ -43,7 +43,8 @@ struct Shape {
     std::vector<std::unique_ptr<Prepared>> idle;
     std::size_t inUse = 0;
     std::list<Shape*>::iterator place;
-    const std::string* key = nullptr;
+    std::string text;
+    std::size_t hash = 0;
 };
 
 /// Prepared statements by shape; the one not used for longest goes first.
@@ -53,11 +54,11 @@ public:
 
     /// The shape's place, made when the shape comes for the second time. nullptr the first time: most texts that come
     /// once never come again, and keeping them would only cost memory that others have at hand.
-    Shape* Find(const std::string& key);
+    Shape* Find(std::string_view text);
 
     /// @return nullptr: every statement of the shape is in use, or it has none yet
     std::unique_ptr<Prepared> Take(Shape& shape);
-    void Adopt(Prepared& prepared, Shape& shape); ///< a new statement of the shape, in use
+    void Adopt(Prepared& prepared, Shape& shape);  ///< a new statement of the shape, in use
     void GiveBack(std::unique_ptr<Prepared> prepared);
 
     /// After a change of the schema: statements in use go when they are given back.
@@ -65,17 +66,18 @@ public:
     std::size_t Size() const { return shapes_.size(); }
 
 private:
-    struct Hash {
-        std::size_t operator()(const std::string& key) const noexcept;
+    struct SameHash {
+        std::size_t operator()(std::size_t hash) const noexcept { return hash; }
     };
+    static std::size_t HashOf(std::string_view text);
 
     static constexpr std::size_t kRemembered = 1024;
 
     std::size_t capacity_;
-    std::vector<std::size_t> seen_; // hashes of shapes that came once, each in the slot that it points to
-    std::unordered_map<std::string, Shape, Hash> shapes_;
-    std::list<Shape*> byUse_; // the last used first
+    std::vector<std::size_t> seen_;  // hashes of shapes that came once, each in the slot that it points to
+    std::unordered_map<std::size_t, Shape, SameHash> shapes_;  // by hash
+    std::list<Shape*> byUse_;                                  // the last used first
     std::uint32_t generation_ = 0;
 };
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

@@ -143,4 +143,4 @@ void RowStatement::KeepRest()
     state_ = State::Kept;
 }
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

@@ -40,7 +40,7 @@ private:
 
     struct KeptCell {
         ado::Cell::Kind kind = ado::Cell::Kind::Null;
-        std::int64_t integer = 0; // of a text: where it begins
+        std::int64_t integer = 0;  // of a text: where it begins
         double real = 0;
         std::size_t size = 0;
     };
@@ -55,7 +55,7 @@ private:
     std::shared_ptr<const std::vector<ado::ColumnInfo>> columns_;
     std::int32_t timeoutSeconds_;
     State state_ = State::Fresh;
-    bool onKept_ = false; // the current row is a kept one
+    bool onKept_ = false;  // the current row is a kept one
     std::size_t nextRow_ = 0;
     std::vector<KeptCell> kept_;
     std::string keptTexts_;
@@ -77,4 +77,4 @@ private:
     std::int64_t rowsAffected_;
 };
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

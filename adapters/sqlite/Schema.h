@@ -13,7 +13,7 @@ struct TableColumn {
     std::string name;
     DeclaredType type;
     bool nullable = true;
-    bool identity = false; ///< the database gives the value
+    bool identity = false;  ///< the database gives the value
 };
 
 struct TableDef {
@@ -21,14 +21,14 @@ struct TableDef {
     std::vector<TableColumn> columns;
     bool isView = false;
 
-    const TableColumn* Find(std::string_view column) const; ///< case is ignored; nullptr: no such column
+    const TableColumn* Find(std::string_view column) const;  ///< case is ignored; nullptr: no such column
 };
 
 class Schema {
 public:
     virtual ~Schema() = default;
-    virtual const TableDef* FindTable(std::string_view name) = 0; ///< or a view; case is ignored; nullptr: none
+    virtual const TableDef* FindTable(std::string_view name) = 0;  ///< or a view; case is ignored; nullptr: none
     virtual bool HasProcedure(std::string_view name) = 0;
 };
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

@@ -78,7 +78,7 @@ std::string_view View(const Hash256& hash)
     return {reinterpret_cast<const char*>(hash.data()), hash.size()};
 }
 
-} // namespace
+}  // namespace
 
 Hash256 Sha256(std::string_view data)
 {
@@ -113,4 +113,4 @@ Hash256 StretchPassword(std::string_view password, std::string_view salt, std::u
     return result;
 }
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

@@ -15,4 +15,4 @@ Hash256 Sha256(std::string_view data);
 /// PBKDF2 with HMAC-SHA-256, one block (RFC 8018).
 Hash256 StretchPassword(std::string_view password, std::string_view salt, std::uint32_t iterations);
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

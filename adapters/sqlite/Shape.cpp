@@ -10,7 +10,7 @@ constexpr std::size_t kMostLifted = 100;
 
 constexpr char kTextMark = '\x01', kIntegerMark = '\x02', kNumberMark = '\x03';
 
-} // namespace
+}  // namespace
 
 void Shaper::Run(std::string_view text)
 {
@@ -20,7 +20,7 @@ void Shaper::Run(std::string_view text)
     open_ = false;
     frames_.assign(1, {Region::Fixed, Bracket::Other});
     const std::vector<Token>& tokens = tokens_.tokens;
-    if (tokens_.broken) { // an apostrophe in a value: the engine shall say so
+    if (tokens_.broken) {  // an apostrophe in a value: the engine shall say so
         current_ = {.last = tokens.size() - 1};
         statements_.push_back(current_);
         return;
@@ -93,8 +93,8 @@ void Shaper::OnStatementWord(std::size_t i, StatementKind kind)
     if (frames_.size() > 1 || takesAll_) return;
     if (open_ && i > 0) {
         const Keyword before = WordAt(i - 1);
-        if (before == Keyword::On && current_.kind == StatementKind::Create) return;   // ON DELETE CASCADE
-        if (current_.kind == StatementKind::Create && i == current_.first + 1) return; // CREATE DEFAULT ...
+        if (before == Keyword::On && current_.kind == StatementKind::Create) return;    // ON DELETE CASCADE
+        if (current_.kind == StatementKind::Create && i == current_.first + 1) return;  // CREATE DEFAULT ...
         if (WordAt(current_.first) == Keyword::Alter && kind == StatementKind::Create && IsBehindAlterTable(i)) return;
         if (current_.kind == StatementKind::If && current_.body == 0) {
             current_.body = i;
@@ -163,7 +163,7 @@ void Shaper::OnWord(std::size_t i)
     case Keyword::While: OnStatementWord(i, StatementKind::Other); break;
     case Keyword::Set:
         if (!top || takesAll_) break;
-        if (open_ && current_.kind == StatementKind::Create) { // ON DELETE SET NULL
+        if (open_ && current_.kind == StatementKind::Create) {  // ON DELETE SET NULL
             if (WordAt(i - 1) == Keyword::Delete || WordAt(i - 1) == Keyword::Update) break;
         }
         if (open_ && !hasSet_ &&
@@ -191,6 +191,8 @@ void Shaper::OnWord(std::size_t i)
     case Keyword::Limit:
         if (frame.region != Region::Fixed) frame.region = Region::List;
         break;
+    case Keyword::Union:
+    case Keyword::Except: tokens_.hasUnion = true; [[fallthrough]];
     default:
         if (!open_) Begin(i, StatementKind::Other);
         break;
@@ -277,4 +279,4 @@ void Shaper::AppendShape(const Statement& statement, std::string& shape) const
     shape.append(tokens_.text, position, tokens_.tokens[statement.last - 1].end - position);
 }
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

@@ -17,21 +17,21 @@ enum class StatementKind : std::uint8_t {
     Insert,
     Update,
     Delete,
-    Create, ///< CREATE, ALTER, DROP, TRUNCATE: anything that changes the schema
+    Create,  ///< CREATE, ALTER, DROP, TRUNCATE: anything that changes the schema
     Exec,
     If,
-    Setting,     ///< SET NOCOUNT ON, USE, PRINT: says nothing to this engine
-    Transaction, ///< BEGIN TRAN, COMMIT, ROLLBACK
-    Other,       ///< goes to the engine as it is
+    Setting,      ///< SET NOCOUNT ON, USE, PRINT: says nothing to this engine
+    Transaction,  ///< BEGIN TRAN, COMMIT, ROLLBACK
+    Other,        ///< goes to the engine as it is
 };
 
 /// One statement of a text, as token indexes.
 struct Statement {
     StatementKind kind = StatementKind::Other;
     std::size_t first = 0;
-    std::size_t last = 0;        ///< behind the last token
-    std::size_t body = 0;        ///< If: the first token behind the condition
-    std::size_t firstLifted = 0; ///< into Shaper::Lifted
+    std::size_t last = 0;         ///< behind the last token
+    std::size_t body = 0;         ///< If: the first token behind the condition
+    std::size_t firstLifted = 0;  ///< into Shaper::Lifted
     std::size_t lastLifted = 0;
 };
 
@@ -43,13 +43,13 @@ public:
 
     const TokenList& Tokens() const { return tokens_; }
     const std::vector<Statement>& Statements() const { return statements_; }
-    const std::vector<std::uint32_t>& Lifted() const { return lifted_; } ///< token indexes, ascending
+    const std::vector<std::uint32_t>& Lifted() const { return lifted_; }  ///< token indexes, ascending
 
     /// The statement's text with a mark of its kind for each lifted value.
     void AppendShape(const Statement& statement, std::string& shape) const;
 
 private:
-    enum class Region : std::uint8_t { Fixed, List, Free }; // Fixed: nothing inside is lifted
+    enum class Region : std::uint8_t { Fixed, List, Free };  // Fixed: nothing inside is lifted
     enum class Bracket : std::uint8_t { Other, Values, Replace };
     struct Frame {
         Region region;
@@ -74,10 +74,10 @@ private:
     std::vector<std::uint32_t> lifted_;
     std::vector<Frame> frames_;
     Statement current_;
-    bool open_ = false;      // a statement has begun
-    bool hasSource_ = false; // INSERT: its VALUES or SELECT was seen; WITH: its SELECT
-    bool hasSet_ = false;    // UPDATE: its SET was seen
-    bool takesAll_ = false;  // the rest belongs to this statement: a procedure, a view
+    bool open_ = false;       // a statement has begun
+    bool hasSource_ = false;  // INSERT: its VALUES or SELECT was seen; WITH: its SELECT
+    bool hasSet_ = false;     // UPDATE: its SET was seen
+    bool takesAll_ = false;   // the rest belongs to this statement: a procedure, a view
 };
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

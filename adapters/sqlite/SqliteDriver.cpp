@@ -77,7 +77,7 @@ void CheckContent(sqlite3* database, const std::string& path)
     RaiseOpen(path, std::string("can't be read: ") + sqlite3_errmsg(database) + ".");
 }
 
-} // namespace
+}  // namespace
 
 std::unique_ptr<ado::DriverConnection> OpenSqlite(const ado::ConnectionProperties& properties)
 {
@@ -94,7 +94,7 @@ std::unique_ptr<ado::DriverConnection> OpenSqlite(const ado::ConnectionPropertie
     sqlite3* raw = database.get();
     sqlite3_busy_timeout(raw, busyTimeout);
     sqlite3_db_config(raw, SQLITE_DBCONFIG_ENABLE_FKEY, 1, nullptr);
-    sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DML, 0, nullptr); // a misspelt name is an error, not a text
+    sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);  // a misspelt name is an error, not a text
     sqlite3_db_config(raw, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     RegisterCollations(raw);
     RegisterFunctions(raw);
@@ -172,4 +172,4 @@ std::vector<std::string> TranslateText(ado::DriverConnection& connection, std::s
     return dynamic_cast<Connection&>(connection).Translations(text, options);
 }
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

@@ -33,9 +33,9 @@ void SetLogin(std::string_view connectionString, std::string_view user, std::str
 /// Text columns ("WALDORT.WO1") that compare by bytes because their table was not made through this driver.
 std::vector<std::string> ColumnsWithoutCollation(ado::DriverConnection& connection);
 
-/// What the engine is given for a text: one string a statement, lifted values as ?1, ?2 ... For looking into a text that
-/// does not do what it should.
+/// What the engine is given for a text: one string a statement, lifted values as ?1, ?2 ... For looking into a text
+/// that does not do what it should.
 std::vector<std::string> TranslateText(ado::DriverConnection& connection, std::string_view text,
                                        const ado::ExecuteOptions& options = {});
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

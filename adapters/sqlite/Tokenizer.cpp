@@ -2,12 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstring>
 
 namespace kvx::adapters::sqlite {
 namespace {
 
-constexpr std::uint8_t kBlank = 1, kLetter = 2, kDigit = 4;
+constexpr std::uint8_t kBlank = 1, kInside = 2, kLetter = 3, kDigit = 4;
 
 constexpr std::array<std::uint8_t, 256> MakeClasses()
 {
@@ -19,8 +20,10 @@ constexpr std::array<std::uint8_t, 256> MakeClasses()
     for (unsigned c = '0'; c <= '9'; ++c)
         classes[c] = kDigit;
     for (unsigned c = 0x80; c < 0x100; ++c)
-        classes[c] = kLetter; // umlauts in names
+        classes[c] = kLetter;  // umlauts in names
     classes['_'] = kLetter;
+    for (unsigned char c : {'#', '$', '@'})
+        classes[c] = kInside;
     return classes;
 }
 constexpr auto kClasses = MakeClasses();
@@ -30,13 +33,24 @@ constexpr std::uint8_t ClassOf(char c)
     return kClasses[static_cast<unsigned char>(c)];
 }
 
-// Up to eight letters of a word in one number, case folded. Characters that are no letters stay apart from letters.
+// Up to eight letters of a word in one number, the first lowest, case folded. Characters that are no letters stay apart
+// from letters.
 constexpr std::uint64_t WordKey(std::string_view word)
 {
     std::uint64_t key = 0;
-    for (char c : word)
-        key = key << 8 | (static_cast<unsigned char>(c) | 0x20u);
+    for (std::size_t i = word.size(); i-- > 0;)
+        key = key << 8 | (static_cast<unsigned char>(word[i]) | 0x20u);
     return key;
+}
+
+// The same of a word inside a text, without a loop when eight bytes can be read at once.
+std::uint64_t WordKeyAt(const char* word, std::size_t size, std::size_t readable)
+{
+    if (std::endian::native != std::endian::little || readable < 8) return WordKey({word, size});
+    std::uint64_t key = 0;
+    std::memcpy(&key, word, 8);
+    key |= 0x2020202020202020u;
+    return size == 8 ? key : key & ((std::uint64_t{1} << size * 8) - 1);
 }
 
 struct KeywordEntry {
@@ -175,14 +189,15 @@ public:
 
     void Run()
     {
-        std::size_t i = 0;
-        while (true) {
-            while (i < text_.size() && ClassOf(text_[i]) == kBlank)
+        const std::size_t size = text_.size();
+        for (std::size_t i = 0; i < size;) {
+            const std::uint8_t kind = ClassOf(text_[i]);
+            if (kind == kBlank)
                 ++i;
-            if (i >= text_.size()) break;
-            i = Next(i);
+            else
+                i = Next(i, kind);
         }
-        Add(TokenKind::End, text_.size(), text_.size());
+        Add(TokenKind::End, size, size);
     }
 
 private:
@@ -205,10 +220,9 @@ private:
         return Add(TokenKind::Broken, begin, text_.size());
     }
 
-    std::size_t Next(std::size_t i)
+    std::size_t Next(std::size_t i, std::uint8_t kind)
     {
         const char c = text_[i];
-        const std::uint8_t kind = ClassOf(c);
         if (kind == kLetter) {
             if ((c == 'N' || c == 'n') && At(i + 1) == '\'') return Quoted(i, i + 1, '\'', TokenKind::Text);
             return Word(i);
@@ -241,7 +255,7 @@ private:
         case '$':
         case '?': {
             std::size_t end = i + 1;
-            while (At(end) == '@' || (ClassOf(At(end)) & (kLetter | kDigit)) != 0)
+            while (At(end) == '@' || ClassOf(At(end)) >= kLetter)
                 ++end;
             return Add(c == '@' ? TokenKind::Variable : TokenKind::Parameter, i, end);
         }
@@ -257,20 +271,20 @@ private:
 
     std::size_t Word(std::size_t begin)
     {
-        std::size_t i = begin;
-        std::uint64_t key = 0;
-        while (i < text_.size() && ClassOf(text_[i]) >= kLetter) {
-            key = key << 8 | (static_cast<unsigned char>(text_[i]) | 0x20u);
-            ++i;
+        const char* const first = text_.data() + begin;
+        const char* const end = text_.data() + text_.size();
+        const char* p = first;
+        while (p != end && ClassOf(*p) >= kLetter)
+            ++p;
+        const auto size = static_cast<std::size_t>(p - first);
+        if (p != end && ClassOf(*p) == kInside) {  // allowed inside names
+            while (p != end && ClassOf(*p) >= kInside)
+                ++p;
+            return Add(TokenKind::Word, begin, static_cast<std::size_t>(p - text_.data()));
         }
-        while (At(i) == '#' || At(i) == '$' || At(i) == '@') { // allowed inside names
-            ++i;
-            key = 0;
-            while (i < text_.size() && ClassOf(text_[i]) >= kLetter)
-                ++i;
-        }
-        const std::size_t length = i - begin;
-        return Add(TokenKind::Word, begin, i, length > 8 || key == 0 ? Keyword::Other : FindKeyword(key));
+        const bool mayBeKeyword = size > 1 && size <= 8;
+        return Add(TokenKind::Word, begin, begin + size,
+                   mayBeKeyword ? FindKeyword(WordKeyAt(first, size, text_.size() - begin)) : Keyword::Other);
     }
 
     std::size_t Number(std::size_t begin)
@@ -326,13 +340,13 @@ constexpr char Lower(char c)
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
 }
 
-} // namespace
+}  // namespace
 
 void Tokenize(std::string_view text, TokenList& list)
 {
     list.text = text;
     list.tokens.clear();
-    list.broken = false;
+    list.broken = list.hasUnion = false;
     Scanner(text, list).Run();
 }
 
@@ -399,4 +413,4 @@ std::string LowerAscii(std::string_view text)
     return result;
 }
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

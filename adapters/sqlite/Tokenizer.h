@@ -11,20 +11,20 @@ namespace kvx::adapters::sqlite {
 
 enum class TokenKind : std::uint8_t {
     End,
-    Word,     ///< identifier or keyword
-    Name,     ///< [identifier] or "identifier"
-    Text,     ///< 'literal' or N'literal'
-    Integer,  ///< 12
-    Number,   ///< 12.5, 1E3, 0x1F
-    Operator, ///< one or two characters: = <> <= + || ...
+    Word,      ///< identifier or keyword
+    Name,      ///< [identifier] or "identifier"
+    Text,      ///< 'literal' or N'literal'
+    Integer,   ///< 12
+    Number,    ///< 12.5, 1E3, 0x1F
+    Operator,  ///< one or two characters: = <> <= + || ...
     Comma,
     Dot,
     Open,
     Close,
     Semicolon,
-    Variable,  ///< @name, @@name
-    Parameter, ///< ? :name $name #name: nothing of ours, SQLite would take some for a parameter
-    Broken,    ///< a literal, bracket or comment that nobody closes; reaches to the end of the text
+    Variable,   ///< @name, @@name
+    Parameter,  ///< ? :name $name #name: nothing of ours, SQLite would take some for a parameter
+    Broken,     ///< a literal, bracket or comment that nobody closes; reaches to the end of the text
 };
 
 /// The words that steer a translation; any other is Other.
@@ -123,8 +123,8 @@ enum class Keyword : std::uint8_t {
 struct Token {
     TokenKind kind = TokenKind::End;
     Keyword word = Keyword::Other;
-    bool lifted = false;   ///< a literal whose value is bound when the statement runs
-    bool negative = false; ///< a lifted number with a minus before it
+    bool lifted = false;    ///< a literal whose value is bound when the statement runs
+    bool negative = false;  ///< a lifted number with a minus before it
     std::uint32_t begin = 0;
     std::uint32_t end = 0;
 
@@ -137,15 +137,16 @@ struct Token {
 struct TokenList {
     std::string_view text;
     std::vector<Token> tokens;
-    bool broken = false; ///< the last token before End is Broken
+    bool broken = false;    ///< the last token before End is Broken
+    bool hasUnion = false;  ///< somewhere stands UNION or EXCEPT
 
     std::string_view Text(const Token& token) const { return text.substr(token.begin, token.end - token.begin); }
     std::string_view Text(std::size_t index) const { return Text(tokens[index]); }
-    char Operator(std::size_t index) const ///< first character of an operator, else 0
+    char Operator(std::size_t index) const  ///< first character of an operator, else 0
     {
         return tokens[index].kind == TokenKind::Operator ? text[tokens[index].begin] : '\0';
     }
-    bool IsComparison(std::size_t index) const ///< = <> != < > <= >=
+    bool IsComparison(std::size_t index) const  ///< = <> != < > <= >=
     {
         const char c = Operator(index);
         return c == '=' || c == '<' || c == '>' || c == '!';
@@ -169,4 +170,4 @@ bool SameText(std::string_view a, std::string_view b);
 bool StartsWithText(std::string_view text, std::string_view start);
 std::string LowerAscii(std::string_view text);
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

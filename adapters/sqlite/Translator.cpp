@@ -9,7 +9,15 @@ namespace kvx::adapters::sqlite {
 namespace {
 
 constexpr std::string_view kCollateText = " COLLATE KVX";
+constexpr std::string_view kTextOfCall = " AS TEXT) COLLATE KVX";  // compared with a number, it is a text all the same
 constexpr std::string_view kCollateDate = " COLLATE KVX_DATE";
+
+std::int64_t ReadInteger(std::string_view digits)
+{
+    std::int64_t value = 0;
+    std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    return value;
+}
 
 bool IsFunction(const Token& token)
 {
@@ -33,6 +41,19 @@ bool IsFunction(const Token& token)
     }
 }
 
+// Words that no rule knows.
+bool IsOrdinary(Keyword word)
+{
+    return word == Keyword::Other || word == Keyword::And || word == Keyword::Is || word == Keyword::Null ||
+           word == Keyword::Or || word == Keyword::As;
+}
+
+// The end of a call, a sub-select, a CASE, or a literal: nothing that has a column's collation.
+bool LosesCollation(const Token& last)
+{
+    return last.kind == TokenKind::Close || last.kind == TokenKind::Text || last.Is(Keyword::End);
+}
+
 bool IsHint(std::string_view word)
 {
     constexpr std::string_view kHints[] = {"nolock",  "readuncommitted", "updlock",        "holdlock", "rowlock",
@@ -43,44 +64,11 @@ bool IsHint(std::string_view word)
     return false;
 }
 
-} // namespace
+}  // namespace
 
 void RaiseConstruct(std::string_view construct)
 {
     throw MakeError(ado::kErrStatement, std::string(construct) + " is not available in the embedded database.");
-}
-
-void Translator::Copy(std::size_t i)
-{
-    const Token& token = At(i);
-    result_.sql.append(tokens_.text, position_, token.end - position_);
-    position_ = token.end;
-    collated_ = false;
-}
-
-void Translator::CopyRange(std::size_t first, std::size_t last)
-{
-    for (std::size_t i = first; i < last; ++i)
-        Copy(i);
-}
-
-void Translator::Skip(std::size_t i)
-{
-    const Token& token = At(i);
-    result_.sql.append(tokens_.text, position_, token.begin - position_);
-    position_ = token.end;
-}
-
-void Translator::Replace(std::size_t i, std::string_view text)
-{
-    Skip(i);
-    result_.sql += text;
-    collated_ = false;
-}
-
-void Translator::SkipTo(std::size_t i)
-{
-    position_ = At(i).begin;
 }
 
 const Scope& Translator::Names()
@@ -92,11 +80,17 @@ const Scope& Translator::Names()
 void Translator::Walk(std::size_t first, std::size_t last, Clause clause)
 {
     const std::size_t depth = frames_.size();
+    if (depth == 0) frames_.reserve(8);
     frames_.push_back({.clause = clause});
     for (std::size_t i = first; i < last;) {
         const Token& token = At(i);
         switch (token.kind) {
-        case TokenKind::Word: i = OnWord(i, last); break;
+        case TokenKind::Word:
+            if (IsOrdinary(token.word) && At(i + 1).kind != TokenKind::Open)
+                Copy(i++);  // by far the most words
+            else
+                i = OnWord(i, last);
+            break;
         case TokenKind::Name: i = OnName(i, last); break;
         case TokenKind::Open:
             Copy(i);
@@ -108,26 +102,38 @@ void Translator::Walk(std::size_t first, std::size_t last, Clause clause)
             if (frames_.size() > depth + 1)
                 OnClose(i);
             else
-                Copy(i); // one too many: the engine will say so
+                Copy(i);  // one too many: the engine will say so
             ++i;
             break;
         case TokenKind::Text:
         case TokenKind::Integer:
         case TokenKind::Number:
-            OnLiteral(i);
+            if ((token.lifted && lifts_) || !converted_.empty() || tokens_.text[token.begin] > '9')
+                OnLiteral(i);
+            else
+                Copy(i);
             ++i;
             break;
         case TokenKind::Operator:
-            if (tokens_.Operator(i) == '+')
-                OnPlus(i);
-            else if (tokens_.IsComparison(i)) {
+            switch (tokens_.Operator(i)) {
+            case '+': OnPlus(i); break;
+            case '-':
+                if ((At(i + 1).negative && lifts_) || converted_.contains(i))
+                    Skip(i);  // the sign is part of the value
+                else
+                    Copy(i);
+                break;
+            case '=':
+            case '<':
+            case '>':
+            case '!': {
                 const bool assignment = frames_.back().clause == Clause::Set && frames_.size() == depth + 1;
-                if (!assignment) CollateLeftSide(i, i);
+                if (!assignment && i > first && LosesCollation(At(i - 1))) CollateLeftSide(i, i);
                 Copy(i);
-            } else if (tokens_.Operator(i) == '-' && (At(i + 1).negative || converted_.contains(i)))
-                Skip(i); // the sign is part of the bound value
-            else
-                Copy(i);
+                break;
+            }
+            default: Copy(i); break;
+            }
             ++i;
             break;
         case TokenKind::Comma:
@@ -157,16 +163,16 @@ void Translator::Walk(std::size_t first, std::size_t last, Clause clause)
 // Writes the limit of the SELECT that ends here.
 void Translator::EndSelect(Frame& frame)
 {
-    if (frame.limit.empty()) return;
-    Append(" LIMIT " + frame.limit);
+    if (frame.limit < 0) return;
+    Append(" LIMIT " + std::to_string(frame.limit));
     if (frame.wrapped) Append(")");
-    frame.limit.clear();
+    frame.limit = -1;
     frame.wrapped = false;
 }
 
 void Translator::OnClose(std::size_t i)
 {
-    Frame frame = std::move(frames_.back());
+    Frame frame = frames_.back();
     frames_.pop_back();
     EndSelect(frame);
     Copy(i);
@@ -199,12 +205,14 @@ std::string_view Translator::CollationOf(Range expression)
 void Translator::OnLiteral(std::size_t i)
 {
     const Token& token = At(i);
-    if (const auto converted = converted_.find(i); converted != converted_.end())
+    if (token.lifted && lifts_) {
+        char parameter[16] = "?";
+        const auto end = std::to_chars(parameter + 1, parameter + sizeof parameter, ++nextParameter_).ptr;
+        Replace(i, {parameter, end});
+    } else if (const auto converted = converted_.find(i); converted != converted_.end())
         Replace(i, converted->second);
-    else if (token.lifted)
-        Replace(i, "?" + std::to_string(++nextParameter_));
     else if (token.kind == TokenKind::Text && Text(i).front() != '\'')
-        Replace(i, Text(i).substr(1)); // N'..'
+        Replace(i, Text(i).substr(1));  // N'..'
     else
         Copy(i);
 }
@@ -214,7 +222,7 @@ std::size_t Translator::OnName(std::size_t i, std::size_t)
     const std::string_view name = Text(i);
     if (SameText(name, "[dbo]") && At(i + 1).kind == TokenKind::Dot) {
         Skip(i);
-        position_ = At(i + 1).end;
+        StartBehind(i + 1);
         return i + 2;
     }
     if (name.front() == '[' && name.find("]]") != std::string_view::npos)
@@ -300,8 +308,9 @@ void Translator::OnPlus(std::size_t i)
     // What is joined has no collation of its own; one on an operand reaches the result.
     const Clause clause = frames_.back().clause;
     const bool collate = !frames_.back().joinsText && clause != Clause::Set && clause != Clause::Values && !collated_;
-    Replace(i, "||");
-    if (collate) result_.sql.insert(result_.sql.size() - 2, kCollateText);
+    Skip(i);
+    if (collate) Append(kCollateText);
+    Append("||");
     frames_.back().joinsText = true;
 }
 
@@ -320,13 +329,13 @@ void Translator::CollateLeftSide(std::size_t comparison, std::size_t operand)
     if (before.kind == TokenKind::Close || before.Is(Keyword::End)) Append(CollationOf(OperandBefore(operand)));
 }
 
-std::size_t Translator::OnCall(std::size_t i, std::string_view replacement, std::string suffix)
+std::size_t Translator::OnCall(std::size_t i, std::string_view replacement, std::string_view suffix)
 {
     Replace(i, replacement);
     Copy(i + 1);
     frames_.push_back({.clause = frames_.back().clause == Clause::List ? Clause::None : frames_.back().clause,
                        .open = i + 1,
-                       .suffix = std::move(suffix)});
+                       .suffix = suffix});
     return i + 2;
 }
 
@@ -335,25 +344,24 @@ std::size_t Translator::OnSelect(std::size_t i, std::size_t last)
     std::size_t next = i + 1;
     if (At(next).Is(Keyword::Distinct) || At(next).Is(Keyword::All)) ++next;
     std::size_t behindTop = next;
-    std::string limit;
+    std::int64_t limit = -1;
     if (At(next).Is(Keyword::Top)) {
         if (At(next + 1).kind == TokenKind::Integer) {
-            limit = Text(next + 1);
+            limit = ReadInteger(Text(next + 1));
             behindTop = next + 2;
         } else if (At(next + 1).kind == TokenKind::Open && At(next + 2).kind == TokenKind::Integer &&
                    At(next + 3).kind == TokenKind::Close) {
-            limit = Text(next + 2);
+            limit = ReadInteger(Text(next + 2));
             behindTop = next + 4;
         }
-        if (!limit.empty() && At(behindTop).Is(Keyword::Percent)) RaiseConstruct("TOP .. PERCENT");
-        if (!limit.empty() && At(behindTop).Is(Keyword::With)) RaiseConstruct("TOP .. WITH TIES");
+        if (limit >= 0 && At(behindTop).Is(Keyword::Percent)) RaiseConstruct("TOP .. PERCENT");
+        if (limit >= 0 && At(behindTop).Is(Keyword::With)) RaiseConstruct("TOP .. WITH TIES");
     }
-    if (!limit.empty()) {
+    if (limit >= 0) {
         // A limit counts for a whole UNION; one of its SELECTs alone must stand in brackets.
         const bool behindUnion = i > First() && (At(i - 1).Is(Keyword::Union) || At(i - 1).Is(Keyword::All) ||
                                                  At(i - 1).Is(Keyword::Except));
-        const SelectParts parts = analysis_.Parts(i, last);
-        if (behindUnion || parts.compound) {
+        if (behindUnion || (tokens_.hasUnion && analysis_.IsCompound(i, last))) {
             Skip(i);
             Append("SELECT * FROM (SELECT");
             frames_.back().wrapped = true;
@@ -362,8 +370,8 @@ std::size_t Translator::OnSelect(std::size_t i, std::size_t last)
         }
         CopyRange(i + 1, next);
         for (std::size_t k = next; k < behindTop; ++k)
-            position_ = At(k).end;
-        frames_.back().limit = std::move(limit);
+            StartBehind(k);
+        frames_.back().limit = limit;
     } else {
         Copy(i);
         next = behindTop = i + 1;
@@ -378,7 +386,7 @@ std::size_t Translator::OnConvert(std::size_t i)
     std::size_t comma = i + 2;
     while (comma < behind - 1 && At(comma).kind != TokenKind::Comma)
         comma = At(comma).kind == TokenKind::Open ? tokens_.BehindClose(comma) : comma + 1;
-    if (comma >= behind - 1) { // no type, or one argument only: not T-SQL's
+    if (comma >= behind - 1) {  // no type, or one argument only: not T-SQL's
         Copy(i);
         return i + 1;
     }
@@ -388,18 +396,18 @@ std::size_t Translator::OnConvert(std::size_t i)
     const Clause inner = frames_.back().clause == Clause::List ? Clause::None : frames_.back().clause;
     if (type.IsDate()) {
         Replace(i, "kvx_date(");
-        position_ = At(comma).end;
-        Walk(comma + 1, behind - 1, inner); // the style, if any, is its second argument
+        StartBehind(comma);
+        Walk(comma + 1, behind - 1, inner);  // the style, if any, is its second argument
         Copy(behind - 1);
     } else {
         std::size_t style = comma + 1;
         while (style < behind - 1 && At(style).kind != TokenKind::Comma)
             style = At(style).kind == TokenKind::Open ? tokens_.BehindClose(style) : style + 1;
         Replace(i, "CAST(");
-        position_ = At(comma).end;
+        StartBehind(comma);
         Walk(comma + 1, style, inner);
         Append(" AS " + std::string(typeText) + ")");
-        position_ = At(behind - 1).end;
+        StartBehind(behind - 1);
         if (type.IsText()) Append(kCollateText);
     }
     collated_ = type.IsText();
@@ -421,7 +429,7 @@ std::size_t Translator::OnCast(std::size_t i)
         Replace(i, "kvx_date");
         Copy(i + 1);
         Walk(i + 2, as, inner);
-        position_ = At(behind - 2).end;
+        StartBehind(behind - 2);
         Copy(behind - 1);
     } else {
         Copy(i);
@@ -444,8 +452,10 @@ std::size_t Translator::OnWord(std::size_t i, std::size_t last)
             Replace(i, "last_insert_rowid");
             return i + 1;
         }
-        if (i > First() && (At(i - 1).Is(Keyword::Cross) || At(i - 1).Is(Keyword::Outer)) && IsWord(i, "apply"))
-            RaiseConstruct("APPLY");
+        break;
+    case Keyword::Cross:
+    case Keyword::Outer:
+        if (IsWord(i + 1, "apply")) RaiseConstruct("APPLY");
         break;
     case Keyword::Select: return OnSelect(i, last);
     case Keyword::From:
@@ -470,10 +480,10 @@ std::size_t Translator::OnWord(std::size_t i, std::size_t last)
         frames_.back().replaces = true;
         return i;
     case Keyword::Left:
-        if (call) return OnCall(i, "CAST(kvx_left", " AS TEXT)" + std::string(kCollateText));
+        if (call) return OnCall(i, "CAST(kvx_left", kTextOfCall);
         break;
     case Keyword::Right:
-        if (call) return OnCall(i, "CAST(kvx_right", " AS TEXT)" + std::string(kCollateText));
+        if (call) return OnCall(i, "CAST(kvx_right", kTextOfCall);
         break;
     case Keyword::Convert:
         if (call) return OnConvert(i);
@@ -494,18 +504,17 @@ std::size_t Translator::OnWord(std::size_t i, std::size_t last)
     case Keyword::Rownum:
         if (tokens_.IsComparison(i + 1) && At(i + 2).kind == TokenKind::Integer) {
             const std::string_view operation = Text(i + 1);
-            int rows = 0;
-            std::from_chars(Text(i + 2).data(), Text(i + 2).data() + Text(i + 2).size(), rows);
-            frame.limit = std::to_string(operation == "<" ? std::max(rows - 1, 0) : rows);
+            const std::int64_t rows = ReadInteger(Text(i + 2));
+            frame.limit = operation == "<" ? std::max<std::int64_t>(rows - 1, 0) : rows;
             Replace(i, "1=1");
-            position_ = At(i + 2).end;
+            StartBehind(i + 2);
             return i + 3;
         }
         break;
     case Keyword::Dbo:
         if (At(i + 1).kind != TokenKind::Dot) break;
         Skip(i);
-        position_ = At(i + 1).end;
+        StartBehind(i + 1);
         return i + 2;
     case Keyword::Collate: {
         if (!At(i + 1).IsName()) break;
@@ -524,7 +533,7 @@ std::size_t Translator::OnWord(std::size_t i, std::size_t last)
         if (call && At(i + 2).kind == TokenKind::Word && IsHint(Text(i + 2))) {
             const std::size_t behind = tokens_.BehindClose(i + 1);
             Skip(i);
-            position_ = At(behind - 1).end;
+            StartBehind(behind - 1);
             return behind;
         }
         break;
@@ -534,4 +543,4 @@ std::size_t Translator::OnWord(std::size_t i, std::size_t last)
     return i + 1;
 }
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

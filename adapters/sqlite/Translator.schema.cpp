@@ -62,13 +62,13 @@ std::string KeepAsText(const DeclaredType& type)
     return type.IsDate() ? " text COLLATE KVX_DATE" : std::string();
 }
 
-} // namespace
+}  // namespace
 
 // The parts of a CREATE TABLE that decide about its key.
 struct Translator::KeyParts {
     std::string table;
-    std::string identity;             // the column that the database numbers
-    std::vector<std::string> primary; // columns of the primary key
+    std::string identity;              // the column that the database numbers
+    std::vector<std::string> primary;  // columns of the primary key
 };
 
 void Translator::TranslateCreate()
@@ -189,13 +189,13 @@ void Translator::TranslateCreateTable()
 // CONSTRAINT name PRIMARY KEY CLUSTERED (ID ASC) WITH (..) ON [PRIMARY]
 void Translator::WriteConstraint(Range definition, bool hasIdentity)
 {
-    position_ = At(definition.first).begin;
+    StartAt(definition.first);
     for (std::size_t i = definition.first; i < definition.last;) {
         if (IsWord(i, "clustered") || IsWord(i, "nonclustered")) {
-            position_ = At(i++).end;
-        } else if (At(i).Is(Keyword::Primary) && hasIdentity) { // SQLite's own primary key is the counted column
+            StartBehind(i++);
+        } else if (At(i).Is(Keyword::Primary) && hasIdentity) {  // SQLite's own primary key is the counted column
             Replace(i, "UNIQUE");
-            position_ = At(i + 1).end;
+            StartBehind(i + 1);
             i += 2;
         } else if (At(i).Is(Keyword::With) || (At(i).Is(Keyword::On) && At(i + 1).kind == TokenKind::Name)) {
             return;
@@ -223,7 +223,7 @@ void Translator::WriteColumn(Range definition, const KeyParts& key)
 {
     const std::string name = Unquote(Text(definition.first));
     std::size_t i = definition.first + 1;
-    if (i >= definition.last) { // a computed column, or nothing we know
+    if (i >= definition.last) {  // a computed column, or nothing we know
         RaiseConstruct("The column " + name + " without a type");
     }
     if (At(i).Is(Keyword::As)) RaiseConstruct("The computed column " + name);
@@ -234,14 +234,14 @@ void Translator::WriteColumn(Range definition, const KeyParts& key)
     if (behindType < definition.last && At(behindType).kind == TokenKind::Open)
         behindType = tokens_.BehindClose(behindType);
     std::string typeText(tokens_.text.substr(typeBegin, At(behindType - 1).end - typeBegin));
-    if (typeText.front() == '[') { // [nvarchar](25)
+    if (typeText.front() == '[') {  // [nvarchar](25)
         const std::size_t close = typeText.find(']');
         typeText = typeText.substr(1, close - 1) + typeText.substr(close + 1);
     }
     const DeclaredType type = ParseDeclaredType(typeText);
     const bool identity = SameText(name, key.identity);
-    if (SameText(typeText, "integer")) typeText = "int";                            // SQLite makes more of that word
-    if (typeText.find('(') != std::string::npos && IsWord(behindType - 2, "max")) { // SQLite takes numbers only
+    if (SameText(typeText, "integer")) typeText = "int";                             // SQLite makes more of that word
+    if (typeText.find('(') != std::string::npos && IsWord(behindType - 2, "max")) {  // SQLite takes numbers only
         typeText = type.type == ado::adLongVarWChar ? "ntext" : type.IsText() ? "text" : "image";
     }
     Append(Bracketed(name) + " " + (identity ? "INTEGER PRIMARY KEY AUTOINCREMENT" : typeText + KeepAsText(type)));
@@ -262,21 +262,21 @@ void Translator::WriteColumn(Range definition, const KeyParts& key)
             isKey = true;
             i += 2;
         } else if (IsWord(i, "constraint")) {
-            i += 2; // names of column constraints mean nothing here
+            i += 2;  // names of column constraints mean nothing here
         } else if (token.Is(Keyword::Default)) {
             i = WriteDefault(i + 1, definition.last);
         } else if (token.Is(Keyword::On) && !last && At(i + 1).kind == TokenKind::Name) {
-            i += 2; // a file group
+            i += 2;  // a file group
         } else if (token.Is(Keyword::With) && !last && At(i + 1).kind == TokenKind::Open) {
             i = tokens_.BehindClose(i + 1);
         } else if (token.kind == TokenKind::Open) {
             const std::size_t behind = tokens_.BehindClose(i);
-            position_ = token.begin;
+            StartAt(i);
             Walk(i, behind, Clause::Where);
             i = behind;
-        } else { // UNIQUE, CHECK, REFERENCES t (c) ON DELETE CASCADE
+        } else {  // UNIQUE, CHECK, REFERENCES t (c) ON DELETE CASCADE
             Append(" ");
-            position_ = token.begin;
+            StartAt(i);
             i = OnWordOrName(i, definition.last);
         }
     }
@@ -300,7 +300,7 @@ std::size_t Translator::WriteDefault(std::size_t first, std::size_t last)
     }
     end = std::min(end, last);
     Append(" DEFAULT (");
-    position_ = At(first).begin;
+    StartAt(first);
     Walk(first, end, Clause::Where);
     Append(")");
     return end;
@@ -333,7 +333,7 @@ void Translator::TranslateAlterTable()
             ++open;
         if (open == Last()) RaiseConstruct("ALTER TABLE .. ADD CONSTRAINT");
         Append("CREATE UNIQUE INDEX " + Bracketed(key.table + "." + name) + " ON " + Bracketed(key.table) + " ");
-        position_ = At(open).begin;
+        StartAt(open);
         Walk(open, tokens_.BehindClose(open), Clause::None);
         return;
     }
@@ -344,8 +344,7 @@ void Translator::TranslateAlterTable()
             end = At(end).kind == TokenKind::Open ? tokens_.BehindClose(end) : end + 1;
         Append(head + " ADD COLUMN ");
         WriteColumn({begin, end}, key);
-        statements.push_back(std::move(result_.sql));
-        result_.sql.clear();
+        statements.push_back(writer_.Take());
         begin = end + 1;
     }
     result_.sql = std::move(statements.front());
@@ -382,15 +381,15 @@ void Translator::TranslateIndex(std::size_t what)
     const bool unique = analysis_.Find({First(), what}, Keyword::Unique) != what;
     Append(std::string("CREATE ") + (unique ? "UNIQUE " : "") + "INDEX " + Bracketed(table + "." + name) + " ON " +
            Bracketed(table) + " ");
-    if (open >= Last() || At(open).kind != TokenKind::Open) return; // the engine will miss the columns
+    if (open >= Last() || At(open).kind != TokenKind::Open) return;  // the engine will miss the columns
     std::size_t behind = tokens_.BehindClose(open);
-    position_ = At(open).begin;
+    StartAt(open);
     Walk(open, behind - 1, Clause::None);
     if (IsWord(behind, "include") && At(behind + 1).kind == TokenKind::Open) {
         const std::size_t end = tokens_.BehindClose(behind + 1);
-        if (!unique) { // columns that the index only carries along
+        if (!unique) {  // columns that the index only carries along
             Append(", ");
-            position_ = At(behind + 2).begin;
+            StartAt(behind + 2);
             Walk(behind + 2, end - 1, Clause::None);
         }
         behind = end;
@@ -398,7 +397,7 @@ void Translator::TranslateIndex(std::size_t what)
     Append(")");
     if (behind < Last() && At(behind).Is(Keyword::Where)) {
         Append(" ");
-        position_ = At(behind).begin;
+        StartAt(behind);
         const std::size_t with =
             std::min(analysis_.Find({behind, Last()}, Keyword::With), analysis_.Find({behind, Last()}, Keyword::On));
         Walk(behind, with, Clause::Where);
@@ -424,7 +423,7 @@ std::vector<std::string_view> SplitBatches(std::string_view script)
         const char next = i + 1 < script.size() ? script[i + 1] : '\0';
         switch (in) {
         case In::Literal:
-            if (c == '\'') in = In::Text; // a doubled one opens the literal again at once
+            if (c == '\'') in = In::Text;  // a doubled one opens the literal again at once
             break;
         case In::Brackets:
             if (c == ']') in = In::Text;
@@ -460,4 +459,4 @@ std::vector<std::string_view> SplitBatches(std::string_view script)
     return batches;
 }
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

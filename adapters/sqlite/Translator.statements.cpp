@@ -25,15 +25,19 @@ std::string LiteralOf(const Value& value)
     case ado::Cell::Kind::Text: break;
     }
     std::string text = "'";
-    for (char c : value.text) text.append(c == '\'' ? 2 : 1, c);
+    for (char c : value.text)
+        text.append(c == '\'' ? 2 : 1, c);
     return text + "'";
 }
 
-} // namespace
+}  // namespace
 
 Translation Translator::Run()
 {
-    if (statement_.first < statement_.last) position_ = At(First()).begin;
+    if (statement_.first < statement_.last) {
+        StartAt(First());
+        writer_.Reserve(tokens_.text.size() + 32);
+    }
     switch (statement_.kind) {
     case StatementKind::Select: TranslateSelect(); break;
     case StatementKind::Insert: TranslateInsert(); break;
@@ -46,6 +50,7 @@ Translation Translator::Run()
     case StatementKind::Transaction: TranslateTransaction(); break;
     case StatementKind::Other: TranslateOther(); break;
     }
+    if (result_.sql.empty()) result_.sql = writer_.Take();
     return std::move(result_);
 }
 
@@ -55,7 +60,8 @@ void Translator::TranslateSelect()
     if (options_.withRowKeys) {
         const SelectParts parts = analysis_.Parts(First(), Last());
         const std::vector<Source> sources = analysis_.Sources(parts.from, nullptr);
-        const bool plain = !parts.distinct && !parts.grouped && !parts.compound && !sources.empty() &&
+        const bool grouped = analysis_.Find({First(), Last()}, Keyword::Group) != Last();
+        const bool plain = !parts.distinct && !grouped && !analysis_.IsCompound(First(), Last()) && !sources.empty() &&
                            std::ranges::all_of(sources, [](const Source& source) {
                                return source.definition != nullptr && !source.definition->isView;
                            });
@@ -73,6 +79,7 @@ void Translator::TranslateSelect()
 // SELECT 'a' AS Files UNION ALL SELECT 'b' AS Files ...
 bool Translator::TranslateLiteralChain()
 {
+    if (!tokens_.hasUnion || At(First() + 1).kind != TokenKind::Text) return false;
     std::vector<std::size_t> values;
     std::size_t i = First();
     std::string name;
@@ -90,14 +97,14 @@ bool Translator::TranslateLiteralChain()
     if (values.size() < kLongChain || (i < Last() && !At(i).Is(Keyword::Order))) return false;
     Append("SELECT column1 AS " + Bracketed(name) + " FROM (VALUES ");
     for (std::size_t value : values) {
-        SkipTo(value);
+        StartAt(value);
         Append(value == values.front() ? "(" : ",(");
         OnLiteral(value);
         Append(")");
     }
     Append(")");
     if (i < Last()) {
-        position_ = At(i - 1).end;
+        StartBehind(i - 1);
         Walk(i, Last(), Clause::Group);
     }
     return true;
@@ -149,9 +156,9 @@ void Translator::WalkAssignments(Range assignments, const TableDef* table)
         std::size_t behindName = i;
         const std::string column = At(i).IsName() ? analysis_.ReadName(i, end, behindName) : std::string();
         if (behindName < end && tokens_.Operator(behindName) == '=') {
-            if (behindName - 1 > i) { // qualified
+            if (behindName - 1 > i) {  // qualified
                 Skip(i);
-                SkipTo(behindName - 1);
+                StartAt(behindName - 1);
             }
             NoteAssignment({behindName + 1, end}, table != nullptr ? table->Find(column) : nullptr);
             i = behindName - 1;
@@ -194,7 +201,7 @@ void Translator::TranslateUpdate()
     // The rows are found by the join, and changed by their row ids: SQLite would join the table to itself.
     const std::string alias = Bracketed(own->alias);
     Append("UPDATE " + Bracketed(table) + (SameText(own->alias, table) ? "" : " AS " + alias));
-    position_ = At(set).begin;
+    StartAt(set);
     Append(" ");
     Copy(set);
     WalkAssignments({set + 1, std::min(from, where)}, definition);
@@ -222,7 +229,7 @@ void Translator::TranslateDelete()
         if (own != sources.end()) {
             const std::string alias = Bracketed(own->alias);
             Append("DELETE FROM " + Bracketed(own->table) + " WHERE rowid IN (SELECT " + alias + ".rowid");
-            position_ = At(behindName - 1).end;
+            StartBehind(behindName - 1);
             Walk(behindName, Last(), Clause::List);
             Append(")");
             return;
@@ -314,12 +321,10 @@ void Translator::TranslateIf()
     if (otherwise != Last() && cases == 0) RaiseConstruct("IF .. ELSE");
     if (statement_.body == Last()) RaiseConstruct("IF without a statement");
     if (At(statement_.body).Is(Keyword::Begin)) RaiseConstruct("BEGIN .. END");
-    position_ = At(First()).end;
+    StartBehind(First());
     Append("SELECT 1 WHERE");
     Walk(First() + 1, statement_.body, Clause::Where);
-    result_.condition = std::move(result_.sql);
-    result_.sql.clear();
-    position_ = At(statement_.body).begin;
+    result_.condition = writer_.Take();
 }
 
 void Translator::TranslateTransaction()
@@ -327,7 +332,7 @@ void Translator::TranslateTransaction()
     const Keyword word = At(First()).word;
     if (word == Keyword::Begin) {
         if (First() + 1 == Last() || !StartsWithText(Text(First() + 1), "tran")) RaiseConstruct("BEGIN .. END");
-        result_.sql = "BEGIN IMMEDIATE"; // a lock taken later could come too late for the rows read before
+        result_.sql = "BEGIN IMMEDIATE";  // a lock taken later could come too late for the rows read before
     } else {
         result_.sql = word == Keyword::Commit ? "COMMIT" : "ROLLBACK";
     }
@@ -366,4 +371,4 @@ Translation Translate(const Shaper& shaper, const Statement& statement, Schema& 
     return Translator(shaper, statement, schema, options).Run();
 }
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

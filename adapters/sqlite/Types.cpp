@@ -19,7 +19,7 @@ using Kind = ado::Cell::Kind;
 struct TypeName {
     std::string_view name;
     ado::DataTypeEnum type;
-    std::int32_t definedSize; // 0: characters stand in brackets
+    std::int32_t definedSize;  // 0: characters stand in brackets
     std::uint8_t precision, scale;
 };
 
@@ -165,7 +165,7 @@ void ConvertToNumeric(Value& value, std::string_view written, const DeclaredType
         return;
     }
     const std::size_t kept = std::min(parts->fraction.size(), static_cast<std::size_t>(scale));
-    if (parts->whole.size() + kept > 18) { // beyond what is counted exactly
+    if (parts->whole.size() + kept > 18) {  // beyond what is counted exactly
         if (static_cast<int>(parts->whole.size()) > wholeDigits) RaiseOverflow("numeric", column);
         SetReal(value, std::strtod(std::string(Trim(written.empty() ? own : written)).c_str(), nullptr));
         return;
@@ -200,7 +200,7 @@ void ConvertToWhole(Value& value, const DeclaredType& type, std::string_view col
                                                               : Range{-2147483648LL, 2147483647, "int"};
     if (value.kind == Kind::Text) {
         const std::string_view text = Trim(value.text);
-        std::int64_t number = 0; // an empty text is 0, as on SQL Server
+        std::int64_t number = 0;  // an empty text is 0, as on SQL Server
         const char* begin = text.data() + (text.starts_with('+') ? 1 : 0);
         const auto [end, error] = std::from_chars(begin, text.data() + text.size(), number);
         if (error == std::errc::result_out_of_range) RaiseOverflow(range.name, column);
@@ -255,7 +255,7 @@ void ConvertToDate(Value& value, const DeclaredType& type)
     std::optional<DateTime> date;
     if (value.kind == Kind::Text) {
         date = ParseDate(value.text);
-    } else { // a bare number counts days from 1900, the fraction is the time of day
+    } else {  // a bare number counts days from 1900, the fraction is the time of day
         const double days = value.kind == Kind::Integer ? static_cast<double>(value.integer) : value.real;
         if (std::abs(days) < 3'000'000) {
             const double whole = std::floor(days);
@@ -270,7 +270,7 @@ void ConvertToDate(Value& value, const DeclaredType& type)
                                                  " data type resulted in an out-of-range value: '" + NumberText(value) +
                                                  "'.");
     }
-    if (small) { // whole minutes, half a minute up
+    if (small) {  // whole minutes, half a minute up
         date->milliseconds = (date->milliseconds + 30'000) / 60'000 * 60'000;
         if (date->milliseconds >= 86'400'000) *date = {date->days + 1, 0};
     }
@@ -287,7 +287,7 @@ void ConvertToText(Value& value, std::string_view written, const DeclaredType& t
     const auto size = static_cast<std::size_t>(type.definedSize);
     if (value.text.size() <= size) return;
     std::size_t characters = CountCharacters(value.text);
-    while (characters > size && value.text.back() == ' ') { // blanks that do not fit are dropped
+    while (characters > size && value.text.back() == ' ') {  // blanks that do not fit are dropped
         value.text.pop_back();
         --characters;
     }
@@ -297,7 +297,7 @@ void ConvertToText(Value& value, std::string_view written, const DeclaredType& t
     }
 }
 
-} // namespace
+}  // namespace
 
 bool DeclaredType::IsText() const
 {
@@ -344,7 +344,7 @@ DeclaredType ParseDeclaredType(std::string_view declared)
     std::string_view name = Trim(declared.substr(0, bracket));
     std::string_view arguments;
     if (bracket != std::string_view::npos) arguments = declared.substr(bracket + 1);
-    constexpr std::string_view kKeptAsText = " text"; // how dates are declared
+    constexpr std::string_view kKeptAsText = " text";  // how dates are declared
     if (name.size() > kKeptAsText.size() && SameText(name.substr(name.size() - kKeptAsText.size()), kKeptAsText)) {
         name = Trim(name.substr(0, name.size() - kKeptAsText.size()));
     }
@@ -423,4 +423,4 @@ std::size_t CountCharacters(std::string_view text)
         std::ranges::count_if(text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
 }
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite

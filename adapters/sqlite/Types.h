@@ -14,13 +14,13 @@ namespace kvx::adapters::sqlite {
 /// A column's type as SQL Server's provider would describe it.
 struct DeclaredType {
     ado::DataTypeEnum type = ado::adVarWChar;
-    std::int32_t definedSize = 0; ///< characters for text, bytes for the rest
+    std::int32_t definedSize = 0;  ///< characters for text, bytes for the rest
     std::uint8_t precision = 255;
     std::uint8_t scale = 255;
 
     bool IsText() const;
     bool IsWide() const { return type == ado::adVarWChar || type == ado::adLongVarWChar || type == ado::adWChar; }
-    bool IsWhole() const; ///< tinyint, smallint, int, bigint
+    bool IsWhole() const;  ///< tinyint, smallint, int, bigint
     bool IsDate() const { return type == ado::adDBTimeStamp; }
     bool operator==(const DeclaredType&) const = default;
 };
@@ -54,4 +54,4 @@ void ConvertForColumn(Value& value, std::string_view written, const DeclaredType
 /// Characters of a UTF-8 text.
 std::size_t CountCharacters(std::string_view text);
 
-} // namespace kvx::adapters::sqlite
+}  // namespace kvx::adapters::sqlite
