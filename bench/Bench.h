@@ -37,9 +37,23 @@ int RunEdit(const Arguments& arguments);
 
 /// Milliseconds that the work takes.
 double Measure(const std::function<void()>& work);
+double MeasureProcessor(const std::function<void()>& work);  ///< of this thread
 
 /// Runs the works by turns, so that a busy moment of the machine hits all, and gives the median of each in ms.
 std::vector<double> MeasureByTurns(int rounds, const std::vector<std::function<void()>>& works);
+
+struct Timing {
+    double ms = 0;
+    double ratio = 1;  ///< to the first work
+};
+
+/// The same, with the median of the rounds' own ratios, which a machine that gets busier or idler meanwhile disturbs
+/// least.
+/// @param clock  Processor for work that waits for nothing: on a busy machine the wall clock favours whatever is short
+///               enough to finish before it is interrupted. Wall where the disk is part of the work.
+enum class Clock : std::uint8_t { Wall, Processor };
+std::vector<Timing> CompareByTurns(int rounds, const std::vector<std::function<void()>>& works,
+                                   Clock clock = Clock::Wall);
 
 /// Keeps the compiler from leaving out work whose result nobody reads.
 void Consume(std::uint64_t value);

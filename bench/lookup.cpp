@@ -41,7 +41,7 @@ int RunLookup(const Arguments& arguments)
 {
     const std::int64_t count = arguments.Number("--n", 20'000);
     const std::int64_t rows = arguments.Number("--rows", 100'000);
-    constexpr std::int64_t kATurn = 500;  // short turns: what else runs on the machine hits both sides alike
+    constexpr std::int64_t kATurn = 100;  // short turns: what else runs on the machine hits both sides alike
     const TemporaryDatabase database;
     MakeStands(database, rows);
     adapters::sqlite::RegisterSqliteDriver();
@@ -69,14 +69,14 @@ int RunLookup(const Arguments& arguments)
         }
         Consume(sum);
     };
-    const auto medians = MeasureByTurns(
-        static_cast<int>(std::max<std::int64_t>(count / kATurn, 1)),
-        {[&] { runRaw(false); }, [&] { runOurs(false); }, [&] { runRaw(true); }, [&] { runOurs(true); }});
-    const double n = static_cast<double>(kATurn);
+    const int rounds = static_cast<int>(std::max<std::int64_t>(count / kATurn, 1));
+    const auto seen = CompareByTurns(rounds, {[&] { runRaw(false); }, [&] { runOurs(false); }}, Clock::Processor);
+    const auto fresh = CompareByTurns(rounds, {[&] { runRaw(true); }, [&] { runOurs(true); }}, Clock::Processor);
+    const auto perSecond = [](const Timing& timing) { return static_cast<double>(kATurn) / timing.ms * 1000; };
     std::printf(
         "n=%lld raw_per_s=%.0f ours_per_s=%.0f ratio=%.3f new_raw_per_s=%.0f new_ours_per_s=%.0f new_ratio=%.3f\n",
-        static_cast<long long>(count), n / medians[0] * 1000, n / medians[1] * 1000, medians[1] / medians[0],
-        n / medians[2] * 1000, n / medians[3] * 1000, medians[3] / medians[2]);
+        static_cast<long long>(count), perSecond(seen[0]), perSecond(seen[1]), seen[1].ratio, perSecond(fresh[0]),
+        perSecond(fresh[1]), fresh[1].ratio);
     return 0;
 }
 

@@ -6,6 +6,7 @@
 #include <charconv>
 #include <chrono>
 #include <cstdio>
+#include <ctime>
 #include <sys/resource.h>
 
 namespace kvx::bench {
@@ -58,20 +59,45 @@ double Measure(const std::function<void()>& work)
     return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count();
 }
 
+double MeasureProcessor(const std::function<void()>& work)
+{
+    const auto now = [] {
+        timespec time{};
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+    };
+    const double begin = now();
+    work();
+    return now() - begin;
+}
+
 std::vector<double> MeasureByTurns(int rounds, const std::vector<std::function<void()>>& works)
 {
-    std::vector<std::vector<double>> times(works.size());
+    std::vector<double> medians;
+    for (const Timing& timing : CompareByTurns(rounds, works))
+        medians.push_back(timing.ms);
+    return medians;
+}
+
+std::vector<Timing> CompareByTurns(int rounds, const std::vector<std::function<void()>>& works, Clock clock)
+{
+    std::vector<std::vector<double>> times(works.size()), ratios(works.size());
     for (const auto& work : works)
         work();  // the first run fills caches
-    for (int round = 0; round < rounds; ++round)
+    for (int round = 0; round < rounds; ++round) {
         for (std::size_t i = 0; i < works.size(); ++i)
-            times[i].push_back(Measure(works[i]));
-    std::vector<double> medians;
-    for (std::vector<double>& one : times) {
-        std::ranges::sort(one);
-        medians.push_back(one[one.size() / 2]);
+            times[i].push_back(clock == Clock::Wall ? Measure(works[i]) : MeasureProcessor(works[i]));
+        for (std::size_t i = 0; i < works.size(); ++i)
+            ratios[i].push_back(times[i].back() / times[0].back());
     }
-    return medians;
+    const auto median = [](std::vector<double>& values) {
+        std::ranges::sort(values);
+        return values[values.size() / 2];
+    };
+    std::vector<Timing> result;
+    for (std::size_t i = 0; i < works.size(); ++i)
+        result.push_back({median(times[i]), median(ratios[i])});
+    return result;
 }
 
 void Consume(std::uint64_t value)

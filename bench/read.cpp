@@ -75,18 +75,16 @@ int RunRead(const Arguments& arguments)
 
     double bytes = 0;
     std::size_t rows = 0;
-    const auto medians = MeasureByTurns(rounds, {
-                                                    [&] { ReadRaw(raw.get(), written); },
-                                                    [&] { ReadForward(connection); },
-                                                    [&] {
-                                                        const ado::RowBlock block = ReadBlock(connection);
-                                                        rows = block.Rows();
-                                                        bytes = static_cast<double>(block.Bytes());
-                                                    },
-                                                });
+    const auto readBlock = [&] {
+        const ado::RowBlock block = ReadBlock(connection);
+        rows = block.Rows();
+        bytes = static_cast<double>(block.Bytes());
+    };
+    const auto timings = CompareByTurns(
+        rounds, {[&] { ReadRaw(raw.get(), written); }, [&] { ReadForward(connection); }, readBlock}, Clock::Processor);
     std::printf("rows=%zu raw_ms=%.1f forward_ms=%.1f forward_ratio=%.3f getrows_ms=%.1f getrows_ratio=%.3f "
                 "bytes_per_row=%.1f\n",
-                rows, medians[0], medians[1], medians[1] / medians[0], medians[2], medians[2] / medians[0],
+                rows, timings[0].ms, timings[1].ms, timings[1].ratio, timings[2].ms, timings[2].ratio,
                 bytes / static_cast<double>(rows));
     return 0;
 }

@@ -45,8 +45,8 @@ int RunUpdate(const Arguments& arguments)
     const RawDatabase raw = OpenRaw(database, synchronous);
 
     std::int64_t turn = 0;
-    const auto medians =
-        MeasureByTurns(rounds, {
+    const auto timings =
+        CompareByTurns(rounds, {
                                    [&] {
                                        ++turn;
                                        for (int i = 0; i < kColumns; ++i) {
@@ -63,7 +63,7 @@ int RunUpdate(const Arguments& arguments)
                                    },
                                });
     std::printf("updates=%d synchronous=%s raw_ms=%.2f ours_ms=%.2f ratio=%.3f\n", kColumns, synchronous.c_str(),
-                medians[0], medians[1], medians[1] / medians[0]);
+                timings[0].ms, timings[1].ms, timings[1].ratio);
     return 0;
 }
 

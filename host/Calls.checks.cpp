@@ -37,19 +37,19 @@ void CheckPersonal(Call& call)
 
 void CheckPerson(Call& call)
 {
-    const auto id = AskId(call, {"Rechnungsempfänger (ID_PERSONAL):", "Invoice party (ID_PERSONAL):"}, "13");
+    const auto id = AskId(call, {"Rechnungsempfänger (ID_PERSONAL):", "Invoice party (ID_PERSONAL):"}, "10");
     if (id) Tell(call, c_Message().CheckPerson(call.session.kvxvar, *id, "R_KUNDE", 1, 0));
 }
 
 void CheckArtikelWaren(Call& call)
 {
-    const auto id = AskId(call, {"Ware (ART_ID):", "Article (ART_ID):"}, "1");
+    const auto id = AskId(call, {"Ware (ART_ID):", "Article (ART_ID):"}, "6");
     if (id) Tell(call, c_Message().CheckArtikelWaren(*id, call.session.kvxvar));
 }
 
 void GetArtikelNameWaren(Call& call)
 {
-    const auto id = AskId(call, {"Ware (ART_ID):", "Article (ART_ID):"}, "1");
+    const auto id = AskId(call, {"Ware (ART_ID):", "Article (ART_ID):"}, "6");
     if (id) call.outcome.Result(c_Message().GetArtikelNameWaren(*id, call.session.kvxvar.dbAdo));
 }
 

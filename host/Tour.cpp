@@ -126,7 +126,7 @@ void MaintainStands(Set& set)
         stage.ExpectMessage(ui::vbOK);
         stage.Expect("F_Picker", [](Dialog& picker) {
             picker.Picture("list");
-            picker.Type("txtFilter", "e");
+            picker.Type("txtFilter", "g e");
             picker.Picture("filtered");
             picker.Click("btnOK");
         });

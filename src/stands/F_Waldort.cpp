@@ -201,8 +201,8 @@ void F_Waldort::Design()
     for (std::size_t i = 0; i < kStandLevels; ++i) {
         const std::int32_t left = kRight + static_cast<std::int32_t>(i % 2) * kColumn;
         const std::int32_t top = kMargin + static_cast<std::int32_t>(i / 2) * kRow;
-        keyLabels[i]->Move(left, top + 45, 660, 255);
-        keyBoxes[i]->Move(left + 720, top, kColumn - 720 - kMargin / 2, kBoxHeight);
+        keyLabels[i]->Move(left, top + 45, 600, 255);
+        keyBoxes[i]->Move(left + 660, top, kColumn - 660 - (i % 2 == 0 ? 2 * kMargin : 0), kBoxHeight);
         keyBoxes[i]->SetLocked(true);  // a level is named in the tree
         for (Control* control : {static_cast<Control*>(keyLabels[i]), static_cast<Control*>(keyBoxes[i])})
             control->SetAnchors(kAnchorTop | kAnchorRight);

@@ -124,8 +124,9 @@ void F_Tabellen2::btnNeu_Click()
 {
     bolNew = true;
     btnNeu.SetEnabled(false);
-    // Here the user overwrites the values of the row that was current.
-    if (intKind == kWageGroupKind || intKind == 15 || intKind == 16) return;
+    // In the other lists the user overwrites the values of the row that was current.
+    const bool startsEmpty = (intKind >= 1 && intKind <= 13) || intKind == 17;
+    if (!startsEmpty) return;
     for (ui::TextBox* box : fieldBoxes)
         box->SetText("");
     txtField1.SetFocus();

@@ -4,6 +4,7 @@
 #include "basic/Text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kvx {
 
@@ -12,6 +13,7 @@ constexpr std::int32_t kDesignWidthTwips = 8000, kDesignHeightTwips = 6600;
 constexpr std::int32_t kDesignBoxTwips = 3000;
 constexpr std::int32_t kGapTwips = 10;
 constexpr std::int32_t kDisableTwips = 1150;
+constexpr std::int32_t kWideBoxTwips = 3000;
 }  // namespace
 
 F_Tabellen2::F_Tabellen2() : Form("F_Tabellen2")
@@ -177,16 +179,28 @@ void F_Tabellen2::SetFieldLayout()
     LayoutEditLine();
 }
 
-// Each box stands close behind the one before; the second grows with the form, so that the line fills its frame.
+// Each box stands close behind the one before; the second grows with the form, so that the line fills its frame. Where
+// it would become narrower than another wide box, both share what is left.
 void F_Tabellen2::LayoutEditLine()
 {
     const std::int32_t top = std::max(0, Frame1.Height() - 480);
     const std::int32_t inner = Frame1.Width() - 240;
     if (kind != nullptr && kind->layout.field2Width != 0 && inner > 0) {
-        std::int32_t others = txtField1.Width() + kGapTwips;
-        if (txtField3.Visible()) others += txtField3.Width() + kGapTwips;
-        if (chkDisable.Visible()) others += kDisableTwips + kGapTwips;
-        txtField2.SetWidth(std::max(600, inner - others));
+        const CodeListLayout& layout = kind->layout;
+        std::int32_t left = inner;
+        if (chkDisable.Visible()) left -= kDisableTwips + kGapTwips;
+        ui::TextBox* wide = nullptr;
+        for (const auto& [box, width] : {std::pair{&txtField1, layout.field1Width}, {&txtField3, layout.field3Width}}) {
+            if (width == 0) continue;
+            if (width >= kWideBoxTwips) wide = box;
+            box->SetWidth(width);
+            left -= width + kGapTwips;
+        }
+        if (wide != nullptr && left < wide->Width()) {
+            left = (left + wide->Width()) / 2;
+            wide->SetWidth(left);
+        }
+        txtField2.SetWidth(std::max(600, left));
     }
     std::int32_t left = 120;
     for (ui::TextBox* box : fieldBoxes) {

@@ -183,11 +183,11 @@ void ListBox::UserSelectItem(std::int32_t index, std::int16_t shift)
 bool ListBox::DefaultKeyDown(std::int16_t keyCode, std::int16_t shift)
 {
     if (items_.Count() == 0) return false;
-    std::int32_t to = listIndex_;
+    std::int32_t to = 0;
     switch (keyCode) {
     case vbKeyUp: to = listIndex_ - 1; break;
     case vbKeyDown: to = listIndex_ + 1; break;
-    case vbKeyHome: to = 0; break;
+    case vbKeyHome: break;
     case vbKeyEnd: to = items_.Count() - 1; break;
     default: return false;
     }

@@ -160,7 +160,7 @@ void TreeStore::BuildIndex() const
 void TreeStore::Index(std::uint32_t id) const
 {
     if (index_.empty()) return;
-    if ((indexed_ + indexGone_ + 1) * 4 > index_.size() * 3) {
+    if ((std::size_t{indexed_} + indexGone_ + 1) * 4 > index_.size() * 3) {
         index_ = {};   // given back ahead of the larger one, so that the two never stand side by side
         BuildIndex();  // finds this node too
         return;

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -58,8 +60,10 @@ TEST_F(Files, LinesEndAtCrLfCrAndLf)
 
 TEST_F(Files, TextIsUtf8OrElseWindows1252)
 {
-    Put("utf8.txt", "\xEF\xBB\xBFB\xC3\xA4ume");
-    Put("ansi.txt", "B\xE4ume \x80");
+    Put("utf8.txt", "\xEF\xBB\xBF"
+                    "B\xC3\xA4ume");
+    Put("ansi.txt", "B\xE4"
+                    "ume \x80");
     EXPECT_EQ(ReadText(Path("utf8.txt")), "Bäume");
     EXPECT_EQ(ReadText(Path("ansi.txt")), "Bäume €");
 }

@@ -353,6 +353,26 @@ TEST(StandAllowedValues, AnotherTextGoesToThePickerWhoseValueReplacesIt)
     EXPECT_EQ(s.Boxes().at(0).flags, 0);
 }
 
+TEST(StandAllowedValues, APickedNameThatASiblingHasIsRefusedAndTheEditGoesOnWithTheOldLabel)
+{
+    Scenario s;
+    AllowOnly(s, "2", "1");
+    s.In("F_Picker", [](Dialog& f) { f.Click("btnOK"); });
+    Maintain(s, [&](Dialog& f) {
+        f.Select("TreeView1", {"Nord"});
+        f.Click("btnNeuerWO");
+        f.Answer(223, ui::vbOK);
+        f.Answer(188, ui::vbOK);
+        f.Keys("x{ENTER}");
+        EXPECT_TRUE(Tree(f).IsEditing());
+        EXPECT_EQ(Tree(f).EditText(), s.Text(1321));
+        EXPECT_EQ(KeyBoxes(f), "Nord|Neu||||");
+        f.Keys("{ESC}");
+        EXPECT_TRUE(Has(f, "Nord/Neu"));
+        f.Click("btnCancel");
+    });
+}
+
 TEST(StandAllowedValues, NothingPickedGoesOnEditingTheTypedText)
 {
     Scenario s;

@@ -8,6 +8,7 @@
 #include "common/ModuleState.h"
 #include "korvex_loc/KorvexLoc.h"
 #include "session/SiblingClasses.h"
+#include "support/NewDesktop.h"
 
 #include <gtest/gtest.h>
 
@@ -86,7 +87,7 @@ bool Dialog::Enabled(std::string_view control)
 
 Scenario::Scenario(std::string_view script)
     : folder_(NewFolder()), log_(std::make_shared<StatementLog>()),
-      desktop_(std::make_unique<adapters::headless::HeadlessDesktop>())
+      desktop_(NewDesktop())
 {
     basic::SetLocale(basic::GermanLocale());
     adapters::sqlite::RegisterSqliteDriver();
