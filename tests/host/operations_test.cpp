@@ -50,8 +50,10 @@ TEST(HostOperations, InBothLanguagesEveryEntryOfAMenuHasALetterOfItsOwn)
 TEST(HostOperations, NoTwoEntriesShareAShortcut)
 {
     std::set<std::string_view> seen;
-    for (const Operation& operation : Operations())
-        if (!operation.shortcut.empty()) EXPECT_TRUE(seen.insert(operation.shortcut).second) << operation.shortcut;
+    for (const Operation& operation : Operations()) {
+        if (operation.shortcut.empty()) continue;
+        EXPECT_TRUE(seen.insert(operation.shortcut).second) << operation.shortcut;
+    }
 }
 
 TEST(HostOperations, EntriesOfAMenuStandTogether)
