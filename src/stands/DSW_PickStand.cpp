@@ -89,22 +89,10 @@ std::string AskApplication(const KvxVar& kvxvar, const Options& options, const L
     }
 }
 
-std::string DisplayText(const StandKey& key)
-{
-    std::string text = key[0];
-    for (std::size_t i = 1; i < kStandLevels; ++i)
-        if (!key[i].empty()) text += "/ " + key[i];
-    return text;
-}
-
 std::int32_t FindRow(const KvxVar& kvxvar, const StandKey& key, std::int32_t ID_AL)
 {
-    std::string statement = "SELECT ID_WALDORT FROM WALDORT WHERE " + LevelEquals(1, key[0]);
-    for (std::size_t level = 2; level <= kStandLevels; ++level) {
-        const std::string& value = key[level - 1];
-        statement += " AND " + (value.empty() ? LevelColumn(level) + " IS NULL" : LevelEquals(level, value));
-    }
-    return SelectId(kvxvar, statement + " AND ID_ACCESS_LEVELS = " + IdOrNull(ID_AL));
+    return SelectId(kvxvar, "SELECT ID_WALDORT FROM WALDORT WHERE " + LevelEquals(1, key[0]) + AndLevels(key, 2) +
+                                " AND ID_ACCESS_LEVELS = " + IdOrNull(ID_AL));
 }
 
 std::int32_t MakeRow(const KvxVar& kvxvar, const StandKey& key, std::int32_t ID_AL, const std::string& name)
@@ -143,7 +131,7 @@ void DSW_PickStand(const KvxVar& kvxvar, const basic::ObjectRef& txtWaldort, std
         key[i] = parts[kAddressParts + i];
     if (key[0].empty()) return;
 
-    const std::string shown = DisplayText(key);
+    const std::string shown = PutWaldortStr(key, "");
     std::int32_t id = FindRow(kvxvar, key, ID_AL);
     if (id == 0) id = MakeRow(kvxvar, key, ID_AL, shown);
     box.Put("Tag", std::to_string(id));

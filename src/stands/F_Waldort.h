@@ -129,6 +129,7 @@ private:
     std::string TreeStatement(const std::string& condition) const;
     void FillTree(const ado::RowBlock& rows);
     void EnsureParents(std::string_view key);
+    void MakeRow(const std::string& assignments, const std::string& name);
     void ShowProgress(std::size_t done, std::size_t count);
 
     // F_Waldort.show.cpp

@@ -12,13 +12,9 @@ StandKey F_Waldort::Key() const
 
 std::int32_t F_Waldort::GetID(std::int32_t ID_AL_dll) const
 {
-    std::string statement = std::string(SelectStart(kvxvar)) + "ID_WALDORT FROM WALDORT WHERE " +
-                            ZeroIfNull(kvxvar, "DISABLE") + " = 0 AND " + AccessCondition(kvxvar, ID_AL_dll);
-    for (std::size_t level = 1; level <= kStandLevels; ++level) {
-        const std::string& value = keyBoxes[level - 1]->Text();
-        statement += " AND " + (value.empty() ? LevelColumn(level) + " IS NULL" : LevelEquals(level, value));
-    }
-    return SelectId(kvxvar, statement);
+    return SelectId(kvxvar, std::string(SelectStart(kvxvar)) + "ID_WALDORT FROM WALDORT WHERE " +
+                                ZeroIfNull(kvxvar, "DISABLE") + " = 0 AND " + AccessCondition(kvxvar, ID_AL_dll) +
+                                AndLevels(Key(), 1));
 }
 
 bool F_Waldort::Is_In_Table(const KvxVar& kvxvar_dll, std::int32_t ID_AL_dll) const
@@ -61,11 +57,8 @@ std::string F_Waldort::BuildNodeWhere(bool bySelection, bool wholeLevelList)
     }
     if (levels < 1) return {};
 
-    std::string text = VisibleRows(wholeLevelList) + " AND " + LevelEquals(1, txtWO1.Text());
-    for (std::size_t level = 2; level <= levels; ++level) {
-        const std::string& value = keyBoxes[level - 1]->Text();
-        text += " AND " + (value.empty() ? LevelColumn(level) + " IS NULL" : LevelEquals(level, value));
-    }
+    const std::string text =
+        VisibleRows(wholeLevelList) + " AND " + LevelEquals(1, txtWO1.Text()) + AndLevels(Key(), 2, levels);
     return " WHERE WALDORT.ID_WALDORT IN (" + std::string(SelectStart(kvxvar)) + "ID_WALDORT FROM WALDORT" + text + ")";
 }
 

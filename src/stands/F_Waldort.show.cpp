@@ -58,31 +58,27 @@ void F_Waldort::ShowStand(const ui::Node& node)
 std::string F_Waldort::StandStatement() const
 {
     const std::string disable = ZeroIfNull(kvxvar, "DISABLE");
-    std::string statement = std::string(SelectStart(kvxvar)) +
-                            "FLAECHE AS AREA,LANGNAME AS LONGNAME,HAUPT_HA AS HAUPT_HA1,AL_TER AS ALTER1,"
-                            "GEMARKUNG AS GEMARKUNG1,FLURSTUECK AS FLURSTUECK1,PARZELLE AS PARZELLE1," +
-                            disable + " AS DISABLE FROM WALDORT WHERE " + disable + " = 0 AND " +
-                            AccessCondition(kvxvar, ID_AL);
-    for (std::size_t level = 1; level <= kStandLevels; ++level) {
-        const std::string& value = keyBoxes[level - 1]->Text();
-        statement += " AND " + (value.empty() ? LevelColumn(level) + " IS NULL" : LevelEquals(level, value));
-    }
-    return statement;
+    return std::string(SelectStart(kvxvar)) +
+           "FLAECHE AS AREA,LANGNAME AS LONGNAME,HAUPT_HA AS HAUPT_HA1,AL_TER AS ALTER1,GEMARKUNG AS GEMARKUNG1,"
+           "FLURSTUECK AS FLURSTUECK1,PARZELLE AS PARZELLE1," +
+           disable + " AS DISABLE FROM WALDORT WHERE " + disable + " = 0 AND " + AccessCondition(kvxvar, ID_AL) +
+           AndLevels(Key(), 1);
 }
 
 void F_Waldort::CreateMissingRow()
 {
     std::string assignments, name;
-    for (std::size_t level = 1; level <= kStandLevels; ++level) {
+    for (std::size_t level = 1; level <= kStandLevels && !keyBoxes[level - 1]->Text().empty(); ++level) {
         const std::string& value = keyBoxes[level - 1]->Text();
-        if (value.empty()) break;
-        assignments += LevelEquals(level, value) + ",";
-        name += (level == 1 ? "" : " ") + value;
+        if (level > 1) {
+            assignments += ",";
+            name += " ";
+        }
+        assignments += LevelEquals(level, value);
+        name += value;
     }
     txtName.SetText(name);
-    const std::int32_t id = InsertStand(kvxvar);
-    kvxvar.dbAdo.Execute("UPDATE WALDORT SET " + assignments + "LANGNAME = '" + name +
-                         "',ID_ACCESS_LEVELS = " + IdOrNull(ID_AL) + " WHERE ID_WALDORT = " + std::to_string(id));
+    MakeRow(assignments, name);
 }
 
 void F_Waldort::ShowRow(const ado::Recordset& stand)

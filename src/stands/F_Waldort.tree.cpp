@@ -82,8 +82,18 @@ void F_Waldort::LoadTree()
     FillTree(rows);
 }
 
+namespace {
+
+// SQL Server's form, on Oracle too.
+std::string LevelEqualsOrIsUnused(std::size_t level, const std::string& value)
+{
+    return "ISNULL(" + LevelColumn(level) + ",'" + value + "') = '" + value + "'";
+}
+
+}  // namespace
+
 // Restricts the tree to the subtree of the root stand. A level that is NULL in deeper rows' ancestors passes, so that
-// the way down to the root stand is there; this form is SQL Server's on Oracle too.
+// the way down to the root stand is there.
 std::string F_Waldort::RootCondition()
 {
     intRootLevels = 0;
@@ -95,8 +105,7 @@ std::string F_Waldort::RootCondition()
     if (root.Eof()) return condition;
     for (std::size_t level = 1; level <= kStandLevels && !root[level - 1].IsNull(); ++level) {
         const std::string value(root[level - 1].TextView());
-        condition += level == 1 ? " AND " + LevelEquals(level, value)
-                                : " AND ISNULL(" + LevelColumn(level) + ",'" + value + "') = '" + value + "'";
+        condition += " AND " + (level == 1 ? LevelEquals(level, value) : LevelEqualsOrIsUnused(level, value));
         intRootLevels = static_cast<std::int16_t>(level);
     }
     return condition;
@@ -187,10 +196,16 @@ void F_Waldort::EnsureParents(std::string_view key)
         }
         if (blnOnlyRead || ID_WALDORT_Root != 0) node.SetForeColor(ui::kColorGrayText);
         parent = node;
-        const std::int32_t id = InsertStand(kvxvar);
-        kvxvar.dbAdo.Execute("UPDATE WALDORT SET " + assignments + ",LANGNAME = '" + name +
-                             "',ID_ACCESS_LEVELS = " + IdOrNull(ID_AL) + " WHERE ID_WALDORT = " + std::to_string(id));
+        MakeRow(assignments, name);
     }
+}
+
+// The row of a node that has none.
+void F_Waldort::MakeRow(const std::string& assignments, const std::string& name)
+{
+    const std::int32_t id = InsertStand(kvxvar);
+    kvxvar.dbAdo.Execute("UPDATE WALDORT SET " + assignments + ",LANGNAME = '" + name +
+                         "',ID_ACCESS_LEVELS = " + IdOrNull(ID_AL) + " WHERE ID_WALDORT = " + std::to_string(id));
 }
 
 }  // namespace kvx

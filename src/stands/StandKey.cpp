@@ -45,6 +45,19 @@ std::string LevelEquals(std::size_t level, std::string_view value)
     return LevelColumn(level) + " = '" + std::string(value) + "'";
 }
 
+std::string AndLevel(std::size_t level, std::string_view value)
+{
+    return " AND " + (value.empty() ? LevelColumn(level) + " IS NULL" : LevelEquals(level, value));
+}
+
+std::string AndLevels(const StandKey& key, std::size_t first, std::size_t last)
+{
+    std::string condition;
+    for (std::size_t level = first; level <= last; ++level)
+        condition += AndLevel(level, key[level - 1]);
+    return condition;
+}
+
 std::string IdOrNull(std::int32_t id)
 {
     return id == 0 ? "NULL" : std::to_string(id);
@@ -93,8 +106,7 @@ std::int32_t Waldort_ID(const KvxVar& kvxvar, const std::int32_t& ID_AL, const S
     statement += ")";
     for (std::size_t level = 1; level <= kStandLevels; ++level) {
         const std::string& value = key[level - 1];
-        statement +=
-            " AND " + (basic::Trim(value).empty() ? LevelColumn(level) + " IS NULL" : LevelEquals(level, value));
+        statement += AndLevel(level, basic::Trim(value).empty() ? "" : value);
     }
     return SelectId(kvxvar, statement);
 }

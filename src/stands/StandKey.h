@@ -35,6 +35,10 @@ std::string_view SelectStart(const KvxVar& kvxvar);
 
 /// "WO1 = 'Nord'". Quotes in the value stay as they are: the provider refuses the statement.
 std::string LevelEquals(std::size_t level, std::string_view value);
+/// " AND WO2 = '3'", or " AND WO2 IS NULL" for a level that is not in use.
+std::string AndLevel(std::size_t level, std::string_view value);
+/// The same for the levels from one to another. @param last  included
+std::string AndLevels(const StandKey& key, std::size_t first, std::size_t last = kStandLevels);
 /// The id as SQL; 0 stands for none and is NULL.
 std::string IdOrNull(std::int32_t id);
 
