@@ -12,8 +12,6 @@ namespace {
 
 using namespace calls;
 
-constexpr std::string_view kResult = "(result)";
-
 constexpr Words kSession{"&Sitzung", "&Session"}, kStands{"&Waldort", "S&tands"}, kMessages{"&Meldung", "&Messages"},
     kChecks{"&Prüfen", "&Checks"}, kTables{"&Tabellen", "Ta&bles"};
 constexpr Words kEdit{"Anzeigen, anlegen, ändern, löschen", "Show, create, change, delete"};
@@ -40,7 +38,7 @@ constexpr Operation kOperations[] = {
      {"Gibt Id und Anzeigetext des gewählten Waldorts", "Gives id and display text of the stand picked"}, WaldortIdOne},
     {kStands, "c_Waldort", "WaldortId", {"Waldorte in die &Liste …", "Stands into the &list …"}, "F6",
      {"Mehrere Waldorte nacheinander in die Liste wählen", "Pick stand after stand into the list"}, WaldortIdList},
-    {kStands, "c_Waldort", "WaldortArbeits", {"Waldort des Arbeits&auftrags …", "Stand of the &work order …"}, "F7",
+    {kStands, "c_Waldort", "WaldortArbeits", {"Waldort des A&rbeitsauftrags …", "Stand of the &work order …"}, "F7",
      {"Mandant BB: über die Auswahl von DSW2, wenn sie eingeschaltet ist",
       "Client BB: by the selection of DSW2 when it is switched on"}, WaldortArbeits},
     {kStands, "c_Waldort", "Waldort_ID", {"Id &zum Schlüssel", "Id of the &key"}, "F8",
@@ -49,13 +47,13 @@ constexpr Operation kOperations[] = {
     {kMessages, "c_Message", "MessageBoxCmb", {"Wert aus der &Liste wählen …", "Choose a &value from the list …"}, "F9",
      {"Zeigt die Einträge des Kombinationsfelds als hohe Liste", "Shows the entries of the combo box as a tall list"},
      MessageBoxCmb},
-    {kMessages, "c_Message", "MessageBox_Clear", {"Zeilen &leeren", "&Clear the lines"}, "",
+    {kMessages, "c_Message", "MessageBox_Clear", {"Zeilen l&eeren", "&Clear the lines"}, "",
      {"Beginnt eine neue Meldung", "Begins a new message"}, MessageBox_Clear},
     {kMessages, "c_Message", "MessageBox_AddItem", {"Zeile &anfügen …", "&Add a line …"}, "",
      {"Fügt der Meldung eine Zeile an", "Adds a line to the message"}, MessageBox_AddItem},
     {kMessages, "c_Message", "MessageBox_ItemCount", {"Zeilen &zählen", "Co&unt the lines"}, "",
      {"Anzahl der Zeilen der Meldung", "Number of lines of the message"}, MessageBox_ItemCount},
-    {kMessages, "c_Message", "MessageBox_Show", {"Meldung &zeigen …", "&Show the message …"}, "",
+    {kMessages, "c_Message", "MessageBox_Show", {"&Meldung zeigen …", "&Show the message …"}, "",
      {"Zeigt die gesammelten Zeilen", "Shows the lines collected"}, MessageBox_Show},
     {kMessages, "c_Message", "MessageBoxNL", {"&Textdatei zeigen …", "Show a &text file …"}, "",
      {"Zeigt eine Textdatei Zeile für Zeile", "Shows a text file line by line"}, MessageBoxNL},
