@@ -109,8 +109,7 @@ void F_Tabellen2::Run(const KvxVar& kvxvar_dll, std::string_view strTableName_dl
     } else {
         SetWidth(Width() + 100);
     }
-    loc = Siblings().NewLoc();
-    loc->LocalizeForm(kvxvar, *this);
+    Loc().LocalizeForm(kvxvar, *this);
 
     if (!bolPrint) {
         // The edit line shows the first row before the grid is clicked: who edits it at once sees what will be saved.
@@ -125,10 +124,16 @@ void F_Tabellen2::Run(const KvxVar& kvxvar_dll, std::string_view strTableName_dl
     Unload();
 }
 
-std::string F_Tabellen2::GetText(std::int32_t id)
+// One for the dialog's life: it reads the customer's own wording once.
+c_Loc& F_Tabellen2::Loc()
 {
     if (loc == nullptr) loc = Siblings().NewLoc();
-    return loc->GetText(id, kvxvar);
+    return *loc;
+}
+
+std::string F_Tabellen2::GetText(std::int32_t id)
+{
+    return Loc().GetText(id, kvxvar);
 }
 
 void F_Tabellen2::LoadKind()

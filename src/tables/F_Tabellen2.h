@@ -63,6 +63,7 @@ private:
     void Form_Resize();
     void Form_Unload(std::int16_t& Cancel);
     void LayoutEditLine();
+    c_Loc& Loc();
     std::string GetText(std::int32_t id);
 
     // F_Tabellen2.browse.cpp: tabs, rows, states, closing.
