@@ -12,7 +12,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
-#include <QPointer>
 #include <QResizeEvent>
 
 #include <algorithm>
@@ -64,6 +63,7 @@ FormWindow::~FormWindow()
     if (form_ != nullptr && form_->GetView() == this) form_->SetView(nullptr);
     form_ = nullptr;
     views_.clear();
+    desktop_.WindowGone(*this);  // Qt destroys a dialog with the window that it stands in front of
 }
 
 void FormWindow::Build()
@@ -129,12 +129,13 @@ void FormWindow::ShowForm()
 void FormWindow::RunModal()
 {
     QEventLoop loop;
-    QEventLoop* outer = std::exchange(loop_, &loop);
-    // A dialog above may have unloaded the form: then the window is gone once the loop below it turns again.
-    const QPointer<FormWindow> self(this);
-    while (!self.isNull() && form_ != nullptr && form_->Visible())
+    struct Running {  // also when an exception leaves the loop
+        QEventLoop*& current;
+        QEventLoop* outer;
+        ~Running() { current = outer; }
+    } running{loop_, std::exchange(loop_, &loop)};
+    while (form_ != nullptr && form_->Visible())
         loop.exec();
-    if (!self.isNull()) loop_ = outer;
 }
 
 void FormWindow::Detach()
@@ -146,7 +147,16 @@ void FormWindow::Detach()
     viewOf_.clear();
     hide();
     if (loop_ != nullptr) loop_->quit();
-    deleteLater();  // a handler of one of its widgets may be running
+    desktop_.Bury(*this);  // a handler of one of its widgets may be running
+}
+
+bool FormWindow::IsIdle() const
+{
+    const auto busy = [](const QObject* child) {
+        const auto* window = dynamic_cast<const FormWindow*>(child);
+        return window != nullptr && !window->IsIdle();
+    };
+    return acting_ == 0 && loop_ == nullptr && std::ranges::none_of(children(), busy);
 }
 
 void FormWindow::Gone()
@@ -302,11 +312,8 @@ void FormWindow::PaintNow(QWidget* widget)
 void FormWindow::Act(const std::function<void()>& action)
 {
     if (form_ == nullptr) return;
-    // The action may close the dialog and run message loops of its own: the window may be gone behind it.
-    const QPointer<FormWindow> self(this);
-    ++acting_;
+    ++acting_;  // the action may close the dialog and run message loops of its own: the window stays meanwhile
     form_->Protect(action);
-    if (self.isNull()) return;
     --acting_;
     if (form_ == nullptr) return;
     ShowChanges();

@@ -38,6 +38,8 @@ public:
     void RunModal();
     /// The form is unloaded: the window goes, now for the user, later for good.
     void Detach();
+    /// Nothing of it, or of a dialog in front of it, is running: it may be destroyed.
+    bool IsIdle() const;
 
     /// Lays everything out for another font.
     void FontChangedTo(const QFont& font);

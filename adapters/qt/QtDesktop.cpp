@@ -28,11 +28,10 @@ QtDesktop::QtDesktop()
 
 QtDesktop::~QtDesktop()
 {
-    for (const QPointer<FormWindow>& window : allWindows_) {
-        if (window.isNull()) continue;
-        if (window->Form() != nullptr) window->Detach();
-        delete window.data();
-    }
+    for (FormWindow* window : windows_.values())
+        window->Detach();
+    while (!buried_.empty())
+        delete buried_.back();
     if (MousePointer() != ui::vbDefault) QApplication::restoreOverrideCursor();
     if (ui::FindCurrentDesktop() == this) ui::SetCurrentDesktop(nullptr);
 }
@@ -106,8 +105,6 @@ void QtDesktop::FormShown(ui::Form& form)
     if (window == nullptr) {
         window = new FormWindow(*this, form, FrontWindow());
         windows_.insert(&form, window);
-        std::erase_if(allWindows_, [](const QPointer<FormWindow>& gone) { return gone.isNull(); });
-        allWindows_.emplace_back(window);
     }
     window->ShowForm();
 }
@@ -115,6 +112,7 @@ void QtDesktop::FormShown(ui::Form& form)
 void QtDesktop::RunModal(ui::Form& form)
 {
     if (FormWindow* window = WindowOf(form); window != nullptr) window->RunModal();
+    Sweep();
 }
 
 void QtDesktop::FormUnloaded(ui::Form& form)
@@ -125,6 +123,24 @@ void QtDesktop::FormUnloaded(ui::Form& form)
 void QtDesktop::WindowGone(const FormWindow& window)
 {
     windows_.removeIf([&window](const auto& entry) { return entry.value() == &window; });
+    std::erase(buried_, &window);
+}
+
+void QtDesktop::Bury(FormWindow& window)
+{
+    buried_.push_back(&window);
+    QMetaObject::invokeMethod(
+        &context_, [this] { Sweep(); }, Qt::QueuedConnection);
+}
+
+void QtDesktop::Sweep()
+{
+    // One at a time: a window takes those in front of it along, and tells WindowGone.
+    for (;;) {
+        const auto idle = std::ranges::find_if(buried_, &FormWindow::IsIdle);
+        if (idle == buried_.end()) return;
+        delete *idle;
+    }
 }
 
 // --- boxes

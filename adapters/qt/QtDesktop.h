@@ -7,7 +7,6 @@
 #include <QHash>
 #include <QImage>
 #include <QObject>
-#include <QPointer>
 
 #include <deque>
 #include <memory>
@@ -57,8 +56,10 @@ public:
     /// The forms of another desktop, which passes its calls on to this one, are shown here.
     void ShareForms(const ui::Desktop& desktop) { forms_ = &desktop; }
 
-    /// The form of this window was destroyed.
+    /// The form of this window was destroyed, or the window itself.
     void WindowGone(const FormWindow& window);
+    /// A window that has lost its form is destroyed as soon as nothing of it runs any more.
+    void Bury(FormWindow& window);
 
     /// Message and input boxes shown so far; a press of the mouse that raised one does not go on as a press.
     int BoxesShown() const { return boxesShown_; }
@@ -84,11 +85,12 @@ public:
 private:
     QWidget* FrontWindow() const;
     void PressNextKey();
+    void Sweep();
 
     const ui::Desktop* forms_ = this;  // who keeps the forms that are shown modally
     QObject context_;                  // timers and posted work end with the desktop
     QHash<const ui::Form*, FormWindow*> windows_;
-    std::vector<QPointer<FormWindow>> allWindows_;
+    std::vector<FormWindow*> buried_;  // without form, to be destroyed
     QHash<ui::Timer*, QTimer*> timers_;
     std::deque<KeyStroke> keys_;
     std::unique_ptr<QFont> font_;

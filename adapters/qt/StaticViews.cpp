@@ -102,6 +102,7 @@ protected:
         const bool lines = TakesLines();
         text_->setWordWrap(lines);
         text_->setAlignment(across | (lines ? Qt::AlignTop : Qt::AlignVCenter));
+        if (StandsOnFrame()) text_->setAutoFillBackground(true);  // the line must not run through the words
         Place();
     }
 
@@ -112,6 +113,12 @@ protected:
         QRect place = ControlView::Geometry();
         const QFontMetrics metrics(text_->font());
         if (TakesLines()) return place;
+        if (StandsOnFrame()) {
+            const int width = metrics.horizontalAdvance(ToQt(label_.Caption()));
+            place.setHeight(metrics.height());
+            place.setWidth(label_.Caption().empty() ? 0 : std::min(place.width(), width + metrics.averageCharWidth()));
+            return place;
+        }
         if (const ui::Control* box = BoxInRow(); box != nullptr) {
             const QRect row = Window().GetScale().Rect(box->Left(), box->Top(), box->Width(), box->Height());
             place.setTop(row.top());
@@ -131,6 +138,15 @@ private:
         if (label_.AutoSize()) return label_.WordWrap();
         const int height = Window().GetScale().Y(label_.Height());
         return label_.WordWrap() || height >= QFontMetrics(text_->font()).height() * 17 / 10;
+    }
+
+    // The title of a frame that has none of its own: on the frame's upper line, not inside it.
+    bool StandsOnFrame() const
+    {
+        return !TakesLines() && std::ranges::any_of(label_.Owner().Controls(), [this](const ui::Control* other) {
+            return other->TypeName() == "Frame" && IsNeighbour(*other) && other->Top() == label_.Top() &&
+                   other->Left() <= label_.Left() && other->Left() + other->Width() >= label_.Left() + label_.Width();
+        });
     }
 
     bool IsNeighbour(const ui::Control& other) const

@@ -28,10 +28,16 @@ public:
     std::function<void(int)> chosen;  ///< the user pressed a tab
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
+    struct RowLayout {
+        std::vector<int> edges;  ///< pixels, one more than tabs in the row
+        int stretch = 100;       ///< width of the letters, percent
+    };
+    RowLayout LayOutRow(int row) const;
     int RowHeight() const;
     int RowCount() const;
     void InitOption(QStyleOptionTab& option, int tab) const;

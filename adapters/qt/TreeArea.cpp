@@ -202,7 +202,9 @@ void TreeArea::PaintRow(QPainter& painter, int row, const ui::Node& node)
         // in fields beside the tree still sees where he is.
         if (!focus) highlight.setAlphaF(tree_->HideSelection() ? 0.25f : 0.5f);
         painter.fillRect(back, highlight);
-        if (focus && node.ForeColor() != ui::kColorGrayText) text = colours.color(QPalette::HighlightedText);
+        // Grey on the bar cannot be read: a grey node's text is a paler one than that of the others.
+        if (focus) text = colours.color(QPalette::HighlightedText);
+        if (focus && node.ForeColor() == ui::kColorGrayText) text.setAlphaF(0.75f);
     }
     if (const QRect expander = ExpanderRect(row, node); !expander.isEmpty()) {
         QStyleOptionViewItem branch;

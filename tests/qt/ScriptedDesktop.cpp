@@ -9,6 +9,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include <exception>
+
 namespace kvx::test {
 
 using namespace adapters::qt;
@@ -43,10 +45,21 @@ void ScriptedDesktop::FormShown(ui::Form& form)
 
 void ScriptedDesktop::RunModal(ui::Form& form)
 {
-    // The script runs from the dialog's own event loop, as the user's actions do.
+    // The script runs from the dialog's own event loop, as the user's actions do. What it throws goes round Qt.
+    std::exception_ptr thrown;
     QMetaObject::invokeMethod(
-        &context_, [this, &form] { HeadlessDesktop::RunModal(form); }, Qt::QueuedConnection);
+        &context_,
+        [this, &form, &thrown] {
+            try {
+                HeadlessDesktop::RunModal(form);
+            } catch (...) {
+                thrown = std::current_exception();
+                form.Hide();
+            }
+        },
+        Qt::QueuedConnection);
     windows_.RunModal(form);
+    if (thrown != nullptr) std::rethrow_exception(thrown);
 }
 
 void ScriptedDesktop::FormUnloaded(ui::Form& form)
