@@ -468,7 +468,9 @@ void MainWindow::ShowOutcome(const Operation& operation, std::int64_t millisecon
 
     values_->clear();
     for (const Outcome::Line& line : outcome_.lines) {
-        auto* item = new QTreeWidgetItem(values_, {ToQt(line.name), ToQt(line.before), ToQt(line.after)});
+        auto* item =
+            new QTreeWidgetItem(values_, {line.name == kResult ? Text({"Ergebnis", "Result"}) : ToQt(line.name),
+                                          ToQt(line.before), ToQt(line.after)});
         if (line.before == line.after) continue;
         QFont font = item->font(2);
         font.setBold(true);

@@ -12,8 +12,6 @@ namespace {
 
 using namespace calls;
 
-constexpr std::string_view kResult = "(result)";
-
 constexpr Words kSession{"&Sitzung", "&Session"}, kStands{"&Waldort", "S&tands"}, kMessages{"&Meldung", "&Messages"},
     kChecks{"&Prüfen", "&Checks"}, kTables{"&Tabellen", "Ta&bles"};
 constexpr Words kEdit{"Anzeigen, anlegen, ändern, löschen", "Show, create, change, delete"};

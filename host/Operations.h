@@ -33,10 +33,13 @@ struct Arguments {
     std::string strProtokolPath;       ///< protocol file of the tables; empty = none
 };
 
+/// Name of what a call returned, among the lines of its outcome.
+constexpr std::string_view kResult = "(result)";
+
 /// What came back from one call.
 struct Outcome {
     struct Line {
-        std::string name;           ///< argument, "(result)" for what the call returned
+        std::string name;           ///< argument, kResult for what the call returned
         std::string before, after;  ///< a result has nothing before
     };
     std::string operation;  ///< "c_Waldort.Waldort"

@@ -19,16 +19,17 @@ void F_MessageBox::Design()
     SetSize(7800, 5200);
     SetSizable(true);
 
-    LabelPrompt.Move(180, 45, 7300, 420);
     Frame1.Move(60, 60, 7560, 4200);
-    List1.Move(180, 540, 7320, 3600);
+    LabelPrompt.Move(180, 195, 7320, 390);  // two lines: a record's name may be long
+    List1.Move(180, 600, 7320, 3540);
     btnOK.Move(4980, 4380, 1260, 345);
     btnCancel.Move(6360, 4380, 1260, 345);
 
     LabelPrompt.SetAnchors(ui::kAnchorLeft | ui::kAnchorTop | ui::kAnchorRight);
     Frame1.SetAnchors(ui::kAnchorAll);
     List1.SetAnchors(ui::kAnchorAll);
-    for (ui::Button* button : {&btnOK, &btnCancel}) button->SetAnchors(ui::kAnchorRight | ui::kAnchorBottom);
+    for (ui::Button* button : {&btnOK, &btnCancel})
+        button->SetAnchors(ui::kAnchorRight | ui::kAnchorBottom);
 
     // The list has the focus first: Enter closes the dialog and Esc cancels the pick without a mouse.
     List1.SetTabIndex(0);
@@ -77,6 +78,7 @@ void F_MessageBox::ShowWhereUsed(std::string_view strLabel)
 
 void F_MessageBox::LayoutPick()
 {
+    LabelPrompt.Move(LabelPrompt.Left(), Frame1.Top(), LabelPrompt.Width(), 195);  // the list begins right below
     List1.SetTop(Frame1.Top() + 200);
     SetHeight(7000);
     Frame1.SetHeight(ScaleHeight() - 498);
@@ -117,7 +119,8 @@ void F_MessageBox::SelectOldValue()
 void F_MessageBox::LoadListFromFile(std::string_view path)
 {
     List1.Clear();
-    for (const std::string& line : os::ReadLines(path)) List1.AddItem(line);
+    for (const std::string& line : os::ReadLines(path))
+        List1.AddItem(line);
 }
 
 void F_MessageBox::Form_Load()
