@@ -253,8 +253,10 @@ Connection::Result Connection::RunStatement(const Shaper& shaper, const Statemen
     prepared->columns =
         std::make_shared<const std::vector<ado::ColumnInfo>>(DescribeByEngine(prepared->statement.get(), *this));
     prepared->readOnly = sqlite3_stmt_readonly(prepared->statement.get()) != 0;
-    if (!prepared->columns->empty() && prepared->readOnly)
+    if (!prepared->columns->empty()) {
+        if (!prepared->readOnly) FinishReads();
         return std::make_unique<RowStatement>(*this, std::move(prepared), options.timeoutSeconds);
+    }
     return RunWrite(std::move(prepared), options.timeoutSeconds);
 }
 

@@ -344,8 +344,10 @@ constexpr char Lower(char c)
 
 void Tokenize(std::string_view text, TokenList& list)
 {
+    constexpr std::size_t kMostKept = 1 << 16;
     list.text = text;
     list.tokens.clear();
+    if (list.tokens.capacity() > kMostKept) list.tokens.shrink_to_fit();  // after a list of very many ids
     list.broken = list.hasUnion = false;
     Scanner(text, list).Run();
 }

@@ -1,4 +1,5 @@
 #include "adapters/sqlite/Translator.h"
+#include "adapters/sqlite/Errors.h"
 
 #include <algorithm>
 #include <charconv>
@@ -341,6 +342,8 @@ void Translator::TranslateTransaction()
 void Translator::TranslateOther()
 {
     if (tokens_.broken) {
+        if (Text(tokens_.tokens.size() - 2).starts_with("/*"))  // the engine would take the end of the text for its end
+            throw MakeError(ado::kErrStatement, "Missing end comment mark '*/'.");
         result_.sql = tokens_.text;
         return;
     }

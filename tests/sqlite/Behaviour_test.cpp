@@ -81,16 +81,16 @@ TEST(SqliteErrors, EachRefusalHasTheProvidersNumber)
 TEST(SqliteTypes, ColumnsComeAsSqlServersProviderGivesThem)
 {
     TestDatabase db(kSchema);
-    ado::Recordset rows = db.connection.Execute(
-        "SELECT ID, NAME, FLAG, SMALL, PRICE, DAY_, ISNULL(FLAG,0) AS F, COUNT(*) AS N, 'x' AS S,"
-        " (SELECT NAME FROM T) AS SUB FROM T");
+    ado::Recordset rows =
+        db.connection.Execute("SELECT ID, NAME, FLAG, SMALL, PRICE, DAY_, ISNULL(FLAG,0) AS F, COUNT(*) AS N, 'x' AS S,"
+                              " (SELECT NAME FROM T) AS SUB FROM T");
     const std::pair<const char*, ado::DataTypeEnum> expected[] = {
-        {"ID", ado::adInteger},     {"NAME", ado::adVarWChar},       {"FLAG", ado::adBoolean},
-        {"SMALL", ado::adSmallInt}, {"PRICE", ado::adNumeric},       {"DAY_", ado::adDBTimeStamp},
-        {"F", ado::adBoolean},      {"N", ado::adInteger},           {"S", ado::adVarChar},
-        {"SUB", ado::adVarWChar},
+        {"ID", ado::adInteger},    {"NAME", ado::adVarWChar},    {"FLAG", ado::adBoolean}, {"SMALL", ado::adSmallInt},
+        {"PRICE", ado::adNumeric}, {"DAY_", ado::adDBTimeStamp}, {"F", ado::adBoolean},    {"N", ado::adInteger},
+        {"S", ado::adVarChar},     {"SUB", ado::adVarWChar},
     };
-    for (const auto& [name, type] : expected) EXPECT_EQ(rows[name].Type(), type) << name;
+    for (const auto& [name, type] : expected)
+        EXPECT_EQ(rows[name].Type(), type) << name;
     EXPECT_EQ(rows["NAME"].DefinedSize(), 10);
     EXPECT_EQ(rows["PRICE"].Precision(), 8);
     EXPECT_EQ(rows["PRICE"].NumericScale(), 2);
@@ -102,7 +102,8 @@ TEST(SqliteTypes, ColumnsComeAsSqlServersProviderGivesThem)
 TEST(SqliteReading, RowsInsertedMeanwhileAreNotSeenByAnOpenRead)
 {
     TestDatabase db(kSchema);
-    for (int i = 0; i < 3; ++i) db.connection.Execute("INSERT INTO T (NAME) VALUES ('alt')");
+    for (int i = 0; i < 3; ++i)
+        db.connection.Execute("INSERT INTO T (NAME) VALUES ('alt')");
     ado::Recordset rows = db.connection.Execute("SELECT ID FROM T");
     int seen = 0;
     for (; !rows.Eof(); rows.MoveNext()) {
@@ -151,10 +152,12 @@ TEST(SqliteFile, WhatWasAcknowledgedSurvivesAKilledProcess)
     if (child == 0) {
         ado::Connection connection;
         connection.Open(db.ConnectionString());
-        for (int i = 0; i < 5; ++i) connection.Execute("INSERT INTO T (NAME) VALUES ('da')");
+        for (int i = 0; i < 5; ++i)
+            connection.Execute("INSERT INTO T (NAME) VALUES ('da')");
         const char done = 'x';
         if (write(pipes[1], &done, 1) != 1) _exit(1);
-        for (;;) pause();
+        for (;;)
+            pause();
     }
     char done = 0;
     ASSERT_EQ(read(pipes[0], &done, 1), 1);
@@ -172,7 +175,8 @@ TEST(SqliteFile, TwoProcessesWriteToOneFile)
     const auto insert = [&db] {
         ado::Connection connection;
         connection.Open(db.ConnectionString());
-        for (int i = 0; i < 20; ++i) connection.Execute("INSERT INTO T (NAME) VALUES ('x')");
+        for (int i = 0; i < 20; ++i)
+            connection.Execute("INSERT INTO T (NAME) VALUES ('x')");
     };
     if (child == 0) {
         try {

@@ -28,7 +28,8 @@ void RemoveFiles()
 {
     std::error_code ignored;
     for (const std::string& file : Files())
-        for (const char* suffix : {"", "-wal", "-shm"}) std::filesystem::remove(file + suffix, ignored);
+        for (const char* suffix : {"", "-wal", "-shm"})
+            std::filesystem::remove(file + suffix, ignored);
 }
 
 }  // namespace

@@ -37,8 +37,7 @@ TEST(SampleDatabase, TheProcedureGivesTheKeyOfTheNewStand)
 {
     TestDatabase database(SourceFile("host/sample/schema.sql"));
     for (const char* expected : {"1", "2"}) {
-        ado::Recordset inserted =
-            database.connection.Execute("kvx_WALDORT_INS", nullptr, ado::adCmdStoredProc);
+        ado::Recordset inserted = database.connection.Execute("kvx_WALDORT_INS", nullptr, ado::adCmdStoredProc);
         EXPECT_EQ(basic::ToText(inserted[0].Value()), expected);
     }
     EXPECT_EQ(database.Value("SELECT COUNT(*) FROM WALDORT WHERE WO1 IS NULL"), "2");
