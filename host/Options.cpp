@@ -73,6 +73,11 @@ constexpr OptionRow kOptions[] = {
     {"--tour", "DIR", "open every dialog in its modes on a fresh sample database, and save a picture\n"
                       "of each and a transcript; needs no display",
      [](Options& o, std::string_view name, std::string_view value) { o.tourFolder = ReadText(name, value); }},
+    {"--drive", "", "do what the messages on standard input say, one a line, and answer each on standard\n"
+                    "output (docs/drive.md); needs no display",
+     [](Options& o, std::string_view, std::string_view) { o.drive = true; }},
+    {"--show", "", "with --drive: the dialogs open in windows at the same time",
+     [](Options& o, std::string_view, std::string_view) { o.show = true; }},
     {"--help", "", "this text",
      [](Options& o, std::string_view, std::string_view) { o.help = true; }},
     {"--version", "", "version of the forms library",
@@ -112,6 +117,8 @@ Options ParseOptions(std::span<const std::string_view> arguments)
     }
     if (!options.tourFolder.empty() && options.database.has_value())
         WrongUsage("--tour brings its own database and cannot be combined with --database");
+    if (options.drive && !options.tourFolder.empty()) WrongUsage("--drive and --tour cannot be combined");
+    if (options.show && !options.drive) WrongUsage("--show needs --drive");
     return options;
 }
 

@@ -33,6 +33,8 @@ struct Options {
     bool oracle = false;
     std::string traceFile;   ///< gets every statement; empty = none
     std::string tourFolder;  ///< gets the pictures of every dialog; empty = no tour
+    bool drive = false;      ///< another program drives the host by messages
+    bool show = false;       ///< driven, with windows
     bool help = false;
     bool version = false;
 

@@ -12,6 +12,8 @@
 #include "host/StandChooser.h"
 #include "host/Tour.h"
 #include "host/Trace.h"
+#include "host/drive/DriveMain.h"
+#include "host/drive/ShownDriver.h"
 #include "korvex_loc/KorvexLoc.h"
 #include "os/Files.h"
 #include "os/Objects.h"
@@ -32,6 +34,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -138,6 +141,28 @@ void UseWordProcessor([[maybe_unused]] ui::Desktop& desktop, [[maybe_unused]] co
 #endif
 }
 
+// Forms that a launcher has left, and the word processor: they go with the desktop that shows them.
+void EndLibrary()
+{
+    ReleaseForms();
+    Module() = {};
+    os::RegisterWordProcessor({});
+}
+
+// Another program drives, and somebody may watch.
+int DriveShown(const Options& options, Session session, const std::filesystem::path& appFolder)
+{
+    drive::LinesBesideWindows input(STDIN_FILENO);
+    drive::ShownDriver driver(
+        std::move(session),
+        [&](const std::string& connection) { return OpenSession(options, connection, appFolder); }, input,
+        drive::WriteAnswersTo(STDOUT_FILENO));
+    UseWordProcessor(driver, {});
+    driver.Run();
+    EndLibrary();
+    return 0;
+}
+
 int Run(int argc, char** argv)
 {
     const std::vector<std::string_view> arguments(argv + 1, argv + argc);
@@ -159,6 +184,11 @@ int Run(int argc, char** argv)
     std::optional<Trace> trace;
     if (!options.traceFile.empty()) trace.emplace(WriteTraceTo(options.traceFile));
 
+    if (options.drive && !options.show) {
+        drive::Drive(options, appFolder, [](ui::Desktop& desktop) { UseWordProcessor(desktop, {}); }, EndLibrary);
+        return 0;
+    }
+
     // What is wrong with the database is told without a window.
     std::optional<Session> session;
     std::optional<ScratchFolder> scratch;
@@ -169,6 +199,8 @@ int Run(int argc, char** argv)
         scratch.emplace();
         const std::filesystem::path file = EnsureSampleDatabase(scratch->Path());
         session = OpenSession(options, FileConnectionString(file, "mueller", kSamplePassword), appFolder);
+    } else if (options.drive) {
+        session = drive::OpenDriven(options, appFolder);
     } else if (options.database) {
         session = OpenSession(options, *options.database, appFolder);
     }
@@ -181,6 +213,7 @@ int Run(int argc, char** argv)
     QApplication app(qtArguments, argv);
     QApplication::setApplicationName(QStringLiteral("Korvex"));
     adapters::qt::QtDesktop::UseDefaultLook(app);
+    if (options.drive) return DriveShown(options, std::move(*session), appFolder);
     adapters::qt::QtDesktop desktop;
     desktop.SetLanguage(options.language);
     ui::SetCurrentDesktop(&desktop);
@@ -201,9 +234,7 @@ int Run(int argc, char** argv)
         window.show();
         status = tour ? RunTour(desktop, window, options) : QApplication::exec();
         os::RegisterObject(kStandChooserId, {});
-        ReleaseForms();
-        Module() = {};  // the word processor goes with the desktop that shows its documents
-        os::RegisterWordProcessor({});
+        EndLibrary();
     }
     return status;
 }

@@ -52,6 +52,8 @@ public:
     /// What no script expected, in order.
     const std::vector<std::string>& Failures() const { return failures_; }
     void Fail(std::string failure) { failures_.push_back(std::move(failure)); }
+    /// The same, and they are forgotten here.
+    std::vector<std::string> TakeFailures() { return std::exchange(failures_, {}); }
     /// Adds a failure for every script and answer that was not asked for.
     void Finish();
 
