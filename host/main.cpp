@@ -1,4 +1,5 @@
 // The demonstration host: logs in, offers every operation of the library in a window, or shows them all in a tour.
+#include "adapters/odbc/OdbcDriver.h"
 #include "adapters/qt/QtDesktop.h"
 #include "adapters/sqlite/SqliteDriver.h"
 #include "basic/Error.h"
@@ -177,6 +178,7 @@ int Run(int argc, char** argv)
     }
 
     adapters::sqlite::RegisterSqliteDriver();
+    adapters::odbc::RegisterOdbcDriver();
     SetSiblings(&KorvexLoc());
     ChooseLocale(options);
     const std::filesystem::path appFolder = std::filesystem::read_symlink("/proc/self/exe").parent_path();
