@@ -3,6 +3,7 @@
 #include "ui/Control.h"
 
 #include <QColor>
+#include <QKeySequence>
 #include <QPointer>
 #include <QWidget>
 
@@ -46,6 +47,8 @@ public:
     virtual bool LeavesToControl(const QKeyEvent&) const { return false; }
     /// A key that is the window's business alone, as opening a list.
     virtual bool HandlesKey(const QKeyEvent&) { return false; }
+    /// Copy, cut, paste, select all, undo or redo. @return false: the widget does it itself
+    virtual bool HandlesClipboard(QKeySequence::StandardKey) { return false; }
     /// What the control has no reaction to because it does not know its size on the screen: paging.
     virtual void ReactToKey(std::int16_t keyCode, std::int16_t shift)
     {

@@ -334,7 +334,7 @@ bool FormWindow::event(QEvent* event)
     }
     if (event->type() == QEvent::WindowDeactivate) {
         ctrlAlone_ = false;
-        keysDown_.clear();
+        if (acting_ == 0) keysDown_.clear();  // else a dialog that a key has opened: its release may still come here
     }
     return QDialog::event(event);
 }

@@ -56,8 +56,11 @@ bool FormWindow::KeyPressed(QKeyEvent& event, ControlView* at)
     bool reacts = true;
     if (code != 0) Act([&] { reacts = form_->UserKeyDown(code, shift); });
     if (form_ == nullptr || !form_->Visible()) return true;
-    if (at != nullptr && at->EditsText() && IsClipboardKey(event))
-        return !reacts || form_->ActiveControl() != at->Model();
+    if (const QKeySequence::StandardKey clipboard = ClipboardKeyOf(event);
+        at != nullptr && at->EditsText() && clipboard != QKeySequence::UnknownKey) {
+        if (!reacts || form_->ActiveControl() != at->Model()) return true;
+        return at->HandlesClipboard(clipboard);
+    }
 
     const std::vector<std::int32_t> characters = CharactersOf(event);
     if (characters.empty() || alt) {

@@ -150,12 +150,12 @@ std::vector<std::int32_t> CharactersOf(const QKeyEvent& event)
     return characters;
 }
 
-bool IsClipboardKey(const QKeyEvent& event)
+QKeySequence::StandardKey ClipboardKeyOf(const QKeyEvent& event)
 {
     for (const QKeySequence::StandardKey key : {QKeySequence::Copy, QKeySequence::Cut, QKeySequence::Paste,
                                                 QKeySequence::SelectAll, QKeySequence::Undo, QKeySequence::Redo})
-        if (event.matches(key)) return true;
-    return false;
+        if (event.matches(key)) return key;
+    return QKeySequence::UnknownKey;
 }
 
 KeyStroke StrokeOf(std::int16_t keyCode, std::int16_t shift, std::int32_t character)

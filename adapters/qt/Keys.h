@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QKeyCombination>
+#include <QKeySequence>
 
 #include <cstdint>
 #include <optional>
@@ -19,9 +20,9 @@ std::int16_t ShiftMaskOf(Qt::KeyboardModifiers modifiers);
 /// Empty for keys without one (arrows, Delete, function keys, Ctrl alone).
 std::vector<std::int32_t> CharactersOf(const QKeyEvent& event);
 
-/// True for the keys that copy, cut, paste, mark all and undo in text boxes; no KeyPress filter sees them, so that a
-/// number can be pasted into a box that lets digits only through.
-bool IsClipboardKey(const QKeyEvent& event);
+/// Which of copy, cut, paste, select all, undo and redo a key is, or UnknownKey. In text boxes no KeyPress filter sees
+/// them, so that a number can be pasted into a box that lets digits only through.
+QKeySequence::StandardKey ClipboardKeyOf(const QKeyEvent& event);
 
 /// One key stroke: a key with modifiers and the text it types.
 struct KeyStroke {

@@ -35,6 +35,21 @@ Qt::Alignment AlignmentOf(std::int16_t alignment)
     return alignment == 1 ? Qt::AlignRight : alignment == 2 ? Qt::AlignHCenter : Qt::AlignLeft;
 }
 
+// The clipboard's keys do in a window what they do for the control: a password is not copied, a paste into one line
+// ends at the line end, and undo takes the last step back.
+bool UseClipboard(FormWindow& window, ui::TextBox& box, QKeySequence::StandardKey key)
+{
+    const auto act = [&](void (ui::TextBox::*step)()) { window.Act([&] { (box.*step)(); }); };
+    switch (key) {
+    case QKeySequence::Copy: act(&ui::TextBox::UserCopy); return true;
+    case QKeySequence::Cut: act(&ui::TextBox::UserCut); return true;
+    case QKeySequence::Paste: act(&ui::TextBox::UserPaste); return true;
+    case QKeySequence::Undo: act(&ui::TextBox::UserUndo); return true;
+    case QKeySequence::Redo: return true;
+    default: return false;
+    }
+}
+
 // One line of text.
 class LineView final : public ControlView {
 public:
@@ -52,6 +67,7 @@ public:
 
     bool EditsText() const override { return true; }
     bool ClicksByMouse() const override { return true; }
+    bool HandlesClipboard(QKeySequence::StandardKey key) override { return UseClipboard(Window(), box_, key); }
 
 protected:
     void Show(unsigned changes) override
@@ -130,6 +146,7 @@ public:
 
     bool EditsText() const override { return true; }
     bool ClicksByMouse() const override { return true; }
+    bool HandlesClipboard(QKeySequence::StandardKey key) override { return UseClipboard(Window(), box_, key); }
 
 protected:
     void Show(unsigned changes) override

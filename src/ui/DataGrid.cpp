@@ -142,7 +142,10 @@ DataGrid::DataGrid(Form& form, std::string_view name) : ControlOf(form, name)
 
 DataGrid::~DataGrid()
 {
-    SetView(nullptr);
+    if (View* view = GetView(); view != nullptr) {
+        SetView(nullptr);
+        view->Gone();
+    }
     SetDataSource(nullptr);
 }
 

@@ -25,8 +25,8 @@ const basic::MemberTable<ListBox>& ListBox::Members()
     using namespace rows;
     using T = ListBox;
     static constexpr basic::Member<T> kRows[] = {
-        {.name = "Text", .get = Get<T, &T::Text>},
-        {.name = "", .get = Get<T, &T::Text>},
+        ReadWrite<T, &T::Text, &T::SetText>("Text"),
+        ReadWrite<T, &T::Text, &T::SetText>(""),
         ReadWrite<T, &T::ListIndex, &T::SetListIndex>("ListIndex"),
         ReadOnly<T, &T::ListCount>("ListCount"),
         Indexed<T, &T::List, &T::SetList>("List"),
@@ -107,6 +107,14 @@ void ListBox::SetListIndex(std::int32_t index)
 {
     if (index < -1 || index >= items_.Count()) basic::Raise(basic::kErrInvalidProperty);
     if (Choose(index)) Click.Raise();
+}
+
+void ListBox::SetText(std::string_view text)
+{
+    std::int32_t index = 0;
+    while (index < ListCount() && List(index) != text)
+        ++index;
+    SetListIndex(index < ListCount() ? index : -1);
 }
 
 std::string ListBox::Text() const

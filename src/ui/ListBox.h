@@ -36,6 +36,7 @@ public:
     /// Raises Click on a change. @throws basic::Error 380: out of range
     void SetListIndex(std::int32_t index);
     std::string Text() const;                             ///< the chosen item's; "" when none is
+    void SetText(std::string_view text);                  ///< chooses the first item with the text, else none
     bool Selected(std::int32_t index) const;              ///< @throws basic::Error 381
     void SetSelected(std::int32_t index, bool selected);  ///< raises Click on a change. @throws basic::Error 381
     std::int32_t SelCount() const;

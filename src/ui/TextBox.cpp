@@ -128,10 +128,20 @@ void TextBox::UserEdit(std::string_view newText, std::int32_t selStart, std::int
         Notify(ui::Change::Text);
         return;
     }
+    std::string text{newText};
+    if (const std::size_t lineEnd = text.find_first_of("\r\n"); !multiLine_ && lineEnd != std::string::npos) {
+        // Pasted: of what came in before the cursor, one line stays.
+        const std::string head = text.substr(0, lineEnd);
+        const std::int32_t kept = basic::Len(head);
+        text = head + basic::Mid(text, std::max(selStart, kept) + 1);
+        std::erase_if(text, [](char c) { return c == '\r' || c == '\n'; });
+        selStart = kept;
+    }
     // A text assigned before the limit was lowered may be longer; only what comes in anew is cut.
-    const std::int32_t limit = std::max(maxLength_, std::min(basic::Len(before), basic::Len(newText)));
-    edit_.SetText(maxLength_ > 0 ? basic::Left(newText, limit) : std::string{newText});
+    const std::int32_t limit = std::max(maxLength_, std::min(basic::Len(before), basic::Len(text)));
+    edit_.SetText(maxLength_ > 0 ? basic::Left(text, limit) : text);
     edit_.Select(selStart, selLength);
+    if (edit_.Text() != newText) Notify(ui::Change::Text);
     if (before != edit_.Text()) undoText_ = before;
     Finish(before);
 }

@@ -11,6 +11,7 @@
 int main(int argc, char** argv)
 {
     ::testing::InitGoogleTest(&argc, argv);
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
     kvx::adapters::qt::QtDesktop::UseDefaultLook(app);
     kvx::test::desktopMaker = [] { return std::make_unique<kvx::test::ScriptedDesktop>(); };

@@ -84,12 +84,4 @@ std::size_t PlaceOf(const Scenario& s, std::string_view start)
     return static_cast<std::size_t>(found - log.begin()) + 1;
 }
 
-Lines Sent::Take()
-{
-    const Lines all = s_.Statements();
-    Lines fresh(all.begin() + static_cast<std::ptrdiff_t>(from_), all.end());
-    from_ = all.size();
-    return fresh;
-}
-
 }  // namespace kvx::test

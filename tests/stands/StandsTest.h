@@ -3,6 +3,7 @@
 #include "entry/c_Waldort.h"
 #include "session/SiblingClasses.h"
 #include "support/Scenario.h"
+#include "support/Sent.h"
 #include "ui/ListBox.h"
 #include "ui/TextBox.h"
 #include "ui/TreeView.h"
@@ -44,18 +45,6 @@ std::string KeyBoxes(Dialog& f);
 
 /// Which statement of the whole log is the first that begins so, from 1: what FailStatement takes.
 std::size_t PlaceOf(const Scenario& s, std::string_view start);
-
-/// Statements sent since the mark, without the sibling's reading of the customer's own wording.
-class Sent {
-public:
-    explicit Sent(Scenario& s) : s_(s), from_(s.Statements().size()) {}
-    /// What was sent since the last call.
-    Lines Take();
-
-private:
-    Scenario& s_;
-    std::size_t from_;
-};
 
 /// A form that stands for the host's window; its boxes are handed in late-bound.
 class HostForm final : public ui::Form {

@@ -64,12 +64,4 @@ void Retype(Dialog& f, std::string_view box, std::string_view text)
     f.Type(box, text);
 }
 
-Lines Sent::Take()
-{
-    const Lines all = s_.Statements();
-    Lines fresh(all.begin() + static_cast<std::ptrdiff_t>(from_), all.end());
-    from_ = all.size();
-    return fresh;
-}
-
 }  // namespace kvx::test

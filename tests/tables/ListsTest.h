@@ -2,6 +2,7 @@
 
 #include "entry/c_Tabellen2.h"
 #include "support/Scenario.h"
+#include "support/Sent.h"
 #include "tables/F_Tabellen2.h"
 
 #include <gtest/gtest.h>
@@ -52,17 +53,5 @@ std::string Buttons(Dialog& f);
 void Go(Dialog& f, std::int32_t row);
 /// Types over what a box holds.
 void Retype(Dialog& f, std::string_view box, std::string_view text);
-
-/// Statements sent since the mark, without the sibling's reading of the customer's own wording.
-class Sent {
-public:
-    explicit Sent(Scenario& s) : s_(s), from_(s.Statements().size()) {}
-    /// What was sent since the last call.
-    Lines Take();
-
-private:
-    Scenario& s_;
-    std::size_t from_;
-};
 
 }  // namespace kvx::test

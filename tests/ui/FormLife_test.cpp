@@ -263,12 +263,12 @@ TEST_F(FormLife, AnchoredControlsFollowTheForm)
         anchored.corner.SetAnchors(kAnchorRight | kAnchorBottom);
     };
     Run(anchored, [&](User& user) { user.Resize(6000, 4500); });
-    EXPECT_EQ(anchored.frame.Width(), 5000);
-    EXPECT_EQ(anchored.frame.Height(), 3500);
-    EXPECT_EQ(anchored.inside.Width(), 2000);
+    EXPECT_NEAR(anchored.frame.Width(), 5000, test::kPixel);
+    EXPECT_NEAR(anchored.frame.Height(), 3500, test::kPixel);
+    EXPECT_NEAR(anchored.inside.Width(), 2000, test::kPixel);
     EXPECT_EQ(anchored.inside.Height(), 300);
-    EXPECT_EQ(anchored.corner.Left(), 5200);
-    EXPECT_EQ(anchored.corner.Top(), 3700);
+    EXPECT_NEAR(anchored.corner.Left(), 5200, test::kPixel);
+    EXPECT_NEAR(anchored.corner.Top(), 3700, test::kPixel);
     EXPECT_EQ(anchored.corner.Width(), 500);
 }
 

@@ -44,7 +44,26 @@ public:
     }
 
 protected:
-    void Design() override { design(); }
+    void Design() override
+    {
+        design();
+        PlaceTheRest();
+    }
+
+private:
+    /// What the test has not placed itself stands one below the other, so that a mouse finds it in a real window too.
+    void PlaceTheRest()
+    {
+        std::int32_t top = 60;
+        for (Control* control : Controls()) {
+            if (control->Width() != 0 || control->Height() != 0 || control->TypeName() == "Label") continue;
+            const bool rows = control->TypeName() != "CommandButton" && control->TypeName() != "TextBox" &&
+                              control->TypeName() != "CheckBox" && control->TypeName() != "OptionButton";
+            control->Move(60, top, 4800, rows ? 2400 : 345);
+            top += control->Height() + 60;
+        }
+        if (Width() == 0 && Height() == 0) SetSize(5100, top + 600);
+    }
 };
 
 /// Number of the error that the call raises; 0 = none.

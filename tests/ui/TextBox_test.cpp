@@ -112,14 +112,14 @@ TEST_F(TextBoxes, KeysEditTheText)
 
 TEST_F(TextBoxes, EnterStaysInABoxOfSeveralLinesOnly)
 {
-    OneBox form;
-    Run(form, [&](User& user) {
-        user.Keys("a{ENTER}b");
-        EXPECT_EQ(form.box.Text(), "ab");
-        form.box.SetMultiLine(true);
-        user.Keys("{ENTER}c");
-        EXPECT_EQ(form.box.Text(), "ab\r\nc");
-    });
+    for (const bool several : {false, true}) {
+        OneBox form;
+        form.design = [&] { form.box.SetMultiLine(several); };
+        Run(form, [&](User& user) {
+            user.Keys("a{ENTER}b");
+            EXPECT_EQ(form.box.Text(), several ? "a\r\nb" : "ab");
+        });
+    }
 }
 
 TEST_F(TextBoxes, APasswordIsNotCopied)
@@ -132,6 +132,16 @@ TEST_F(TextBoxes, APasswordIsNotCopied)
         EXPECT_EQ(form.box.Text(), "geheim");
     });
     EXPECT_EQ(desktop.ClipboardText(), "vorher");
+}
+
+TEST_F(TextBoxes, WhatAnEditorPastesIntoOneLineEndsAtTheLineEndToo)
+{
+    OneBox form;
+    form.Load();
+    form.box.SetText("ab");
+    form.box.UserEdit("aeins\r\nzweib", 11, 0);
+    EXPECT_EQ(form.box.Text(), "aeinsb");
+    EXPECT_EQ(form.box.SelStart(), 5);
 }
 
 TEST_F(TextBoxes, APasteIntoOneLineEndsAtTheLineEnd)
