@@ -18,9 +18,6 @@ namespace kvx::host::drive {
 
 namespace {
 
-// More of them are not kept for somebody who never asks.
-constexpr std::size_t kStatementsKept = 10'000;
-
 constexpr std::pair<std::string_view, std::int32_t> kButtons[] = {
     {"ok", ui::vbOK},         {"cancel", ui::vbCancel}, {"abort", ui::vbAbort}, {"retry", ui::vbRetry},
     {"ignore", ui::vbIgnore}, {"yes", ui::vbYes},       {"no", ui::vbNo},
@@ -168,12 +165,7 @@ private:
 
 Driver::Driver(Session session, std::function<Session(const std::string&)> reopen, LineSource& input, AnswerSink sink)
     : session_(std::move(session)), reopen_(std::move(reopen)), input_(input), sink_(std::move(sink)),
-      trace_([this](const ado::StatementRecord& record) {
-          statements_.push_back(record.text);
-          if (statements_.size() <= kStatementsKept) return;
-          statements_.pop_front();
-          ++statementsDropped_;
-      }),
+      trace_([this](const ado::StatementRecord& record) { statements_.push_back(record.text); }),
       shell_(std::make_unique<NotingShell>(news_))
 {
     os::RegisterObject(kStandChooserId, [this] {
@@ -315,7 +307,7 @@ void Driver::Handle(const std::string& line)
 {
     if (line.find_first_not_of(" \t") == std::string::npos) return;
     const std::uint64_t exchange = ++exchange_;
-    withStatements_ = false;
+    withStatements_ = asksStatements_ = false;
     answer_ = Json::object();
     Json id;
     try {
@@ -372,14 +364,12 @@ void Driver::Answer()
     if (!answer_) return;
     Json answer = std::move(*answer_);
     answer_.reset();
-    for (auto& [name, value] : news_.items())
-        answer[name] = value;
-    news_ = Json::object();
+    answer.update(std::exchange(news_, Json::object()));
     TellState(answer);
-    if (withStatements_) {
-        answer["statements"] = Json(statements_);
-        statements_.clear();
-    }
+    std::vector<std::string> sent = std::exchange(statements_, {});
+    if (asksStatements_) sent.insert(sent.begin(), lastStatements_.begin(), lastStatements_.end());
+    if (withStatements_ || asksStatements_) answer["statements"] = sent;
+    lastStatements_ = std::move(sent);
     if (!sink_(Dump(answer))) ended_ = true;
 }
 

@@ -9,7 +9,6 @@
 #include "ui/Node.h"
 
 #include <cstdint>
-#include <deque>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -176,12 +175,13 @@ private:
     Frame* frame_ = nullptr;               // the call that is under way
     bool ended_ = false;
 
-    std::optional<Json> answer_;   // of the message that is carried out
-    std::uint64_t exchange_ = 0;   // counts messages
-    bool withStatements_ = false;  // the answer tells them
-    Json news_ = Json::object();   // goes into the next answer: what ended, documents opened
-    std::deque<std::string> statements_;
-    std::int64_t statementsDropped_ = 0;
+    std::optional<Json> answer_;               // of the message that is carried out
+    std::uint64_t exchange_ = 0;               // counts messages
+    bool withStatements_ = false;              // the answer tells them
+    Json news_ = Json::object();               // goes into the next answer: what ended, documents opened
+    std::vector<std::string> statements_;      // sent since the last answer
+    std::vector<std::string> lastStatements_;  // what that answer could have told
+    bool asksStatements_ = false;              // the message wants those of the message before
     Trace trace_;
     bool clockSet_ = false;
 

@@ -293,7 +293,7 @@ void Driver::OnObjects(const Json&)
 
 void Driver::OnStatements(const Json&)
 {
-    withStatements_ = true;
+    asksStatements_ = true;
 }
 
 void Driver::OnWait(const Json& message)
@@ -340,8 +340,7 @@ void Driver::OnRows(const Json& message)
     constexpr std::int32_t kUsual = 100;
     const auto from = static_cast<std::int32_t>(NumberField(message, "from", 0));
     const auto count = static_cast<std::int32_t>(NumberField(message, "count", kUsual));
-    for (auto& [name, value] : LookAtRows(ControlOf(message), from, count).items())
-        (*answer_)[name] = value;
+    answer_->update(LookAtRows(ControlOf(message), from, count));
 }
 
 void Driver::OnNodes(const Json& message)

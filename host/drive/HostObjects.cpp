@@ -15,6 +15,7 @@
 #include "ui/TextBox.h"
 #include "ui/TreeView.h"
 
+#include <algorithm>
 #include <charconv>
 #include <functional>
 #include <optional>
@@ -188,6 +189,28 @@ bool IsStructure(std::string_view name)
     return false;
 }
 
+// What a host says when it draws a box: nothing that late binding may change later. They come first.
+bool PutDesign(ui::Control& control, std::string_view property, const Json& value)
+{
+    if (auto* text = dynamic_cast<ui::TextBox*>(&control); text != nullptr && property == "MultiLine") {
+        text->SetMultiLine(basic::CBool(ToVariant(value)));
+        return true;
+    }
+    auto* combo = dynamic_cast<ui::ComboBox*>(&control);
+    auto* list = dynamic_cast<ui::ListBox*>(&control);
+    if (combo != nullptr && property == "Style")
+        combo->SetStyle(basic::CInt(ToVariant(value)));
+    else if (combo != nullptr && property == "Sorted")
+        combo->SetSorted(basic::CBool(ToVariant(value)));
+    else if (list != nullptr && property == "Sorted")
+        list->SetSorted(basic::CBool(ToVariant(value)));
+    else if (list != nullptr && property == "MultiSelect")
+        list->SetMultiSelect(basic::CInt(ToVariant(value)));
+    else
+        return false;
+    return true;
+}
+
 // --- things that can be described
 
 class Thing {
@@ -202,6 +225,9 @@ public:
     Box(const Kind& kind, std::shared_ptr<HostForm> form, std::string_view name, const Json& description)
         : kind_(kind), form_(std::move(form)), control_(kind.make(*form_, name))
     {
+        std::vector<std::string> designed;
+        for (const auto& [property, value] : description.items())
+            if (PutDesign(*control_, property, value)) designed.push_back(property);
         if (auto* combo = As<ui::ComboBox>(); combo != nullptr) PutList(*combo, description);
         if (auto* list = As<ui::ListBox>(); list != nullptr) PutList(*list, description);
         if (auto* view = As<ui::ListView>(); view != nullptr) PutListView(*view, description);
@@ -209,7 +235,7 @@ public:
             PutNodes(*tree, {}, description["Nodes"]);
         for (const auto& [property, value] : description.items()) {
             if (IsStructure(property)) continue;
-            Object()->Put(property, ToVariant(value));
+            if (std::ranges::find(designed, property) == designed.end()) Object()->Put(property, ToVariant(value));
             bool known = false;
             for (const char* always : kind_.state)
                 known = known || property == always;
