@@ -38,6 +38,13 @@ bool F_Waldort::CheckStandUse(const std::string& where)
 {
     const std::string ids = "(SELECT ID_WALDORT FROM WALDORT " + where + ")";
     const auto list = LoadMessageBox();
+    struct Unloads {  // also after a failing scan: no half list is left for the next one
+        F_MessageBox& list;
+        ~Unloads()
+        {
+            if (list.IsLoaded()) list.Unload();
+        }
+    } const unloads{*list};
     list->List1.Clear();
     const auto helper = Siblings().NewDBHelper();
     for (const StandUse& use : kStandUses) {
@@ -49,7 +56,6 @@ bool F_Waldort::CheckStandUse(const std::string& where)
     }
     const bool isFree = list->List1.ListCount() == 0;
     if (!isFree) list->Run(F_MessageBox::kWhereUsed, GetText(202) + "  '" + GetText(388) + "'  " + GetText(203));
-    if (list->IsLoaded()) list->Unload();
     return isFree;
 }
 

@@ -53,7 +53,8 @@ void F_Waldort::TreeView1_AfterLabelEdit(bool& Cancel, std::string& NewString)
 {
     const ui::Node node = TreeView1.SelectedItem();
     const bool isRoot = node.Key() == "ROOT";
-    if (basic::Trim(NewString).empty()) {
+    const std::string typed = isRoot ? NewString : basic::RTrim(basic::Left(NewString, KeyLength()));
+    if (basic::Trim(typed).empty()) {  // also blanks with letters behind the key's length: a level is never empty
         Cancel = true;
         blnNewNode = false;
         if (isRoot) return;  // the tree would be gone
@@ -62,7 +63,6 @@ void F_Waldort::TreeView1_AfterLabelEdit(bool& Cancel, std::string& NewString)
         return;
     }
     const std::string oldText = node.Text();
-    const std::string typed = isRoot ? NewString : basic::RTrim(basic::Left(NewString, KeyLength()));
     try {
         std::string text = typed;
         if (!AcceptLevelText(node, text)) {
@@ -107,8 +107,9 @@ bool F_Waldort::AcceptLevelText(const ui::Node& node, std::string& text)
     const std::string oldText = node.Text();
     node.SetText(text);
     ShowMessage(GetText(223));
-    const std::string picked = Siblings().NewPicker()->PickValue(
-        kvxvar, "SELECT SHORT,LONG FROM T_WALDORT WHERE WONR = " + level, "", "", "00");
+    // Padded columns end in blanks that belong to no level.
+    const std::string picked = basic::RTrim(Siblings().NewPicker()->PickValue(
+        kvxvar, "SELECT SHORT,LONG FROM T_WALDORT WHERE WONR = " + level, "", "", "00"));
     node.SetText(oldText);
     if (!picked.empty()) text = picked;
     return !picked.empty();

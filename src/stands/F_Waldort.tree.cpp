@@ -54,6 +54,7 @@ void F_Waldort::Form_Activate()
     } const done{*this};
 
     ui::CurrentDesktop().DoEvents();
+    if (!Visible()) return;  // closed before anything was read: nothing is loaded, and no row is made
     ProgressBar1.SetMin(0);
     ProgressBar1.SetMax(100);
     ProgressBar1.SetValue(0);
@@ -160,9 +161,10 @@ void F_Waldort::FillTree(const ado::RowBlock& rows)
                 parent = TreeView1.Find(parentKey);
             }
             if (!parent) continue;
-            for (depth = used - 1; depth > 0 && path[depth] != parent; parent = parent.Parent())
-                path[depth--] = parent;
             depth = used - 1;
+            // All of it: keys that differ in case only lie mixed, and an equal level may hang on another branch.
+            for (std::size_t level = depth; level > 0; --level, parent = parent.Parent())
+                path[level] = parent;
         }
         const std::string_view text = levels[used - 1];
         const ui::Node node = TreeView1.TryAddChild(path[used - 1], text, text);

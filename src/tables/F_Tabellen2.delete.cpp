@@ -46,6 +46,9 @@ bool F_Tabellen2::CheckUsage()
 bool F_Tabellen2::ListUsage(const CodeListUsage& usage, std::string_view stored)
 {
     const auto box = LoadMessageBox();
+    struct Releases {  // also after a failing scan: no half list is left for the next one
+        ~Releases() { ReleaseMessageBox(); }
+    } const releases;
     bool bolFree = true;
     {
         ado::Recordset rows;
@@ -56,7 +59,6 @@ bool F_Tabellen2::ListUsage(const CodeListUsage& usage, std::string_view stored)
         }
     }
     if (!bolFree) box->ShowWhereUsed(UsagePrompt(202, "  '" + std::string(stored) + "'  ", kvxvar));
-    ReleaseMessageBox();
     return bolFree;
 }
 

@@ -1,3 +1,4 @@
+#include "entry/c_Message.h"
 #include "stands/StandsTest.h"
 
 #include <algorithm>
@@ -194,6 +195,21 @@ TEST_P(StandDeleteFailure, InTheCheckIsShownAndDeletesNothing)
 }
 
 INSTANTIATE_TEST_SUITE_P(EachStatement, StandDeleteFailure, testing::Values(1U, 2U, 3U, 4U, 5U));
+
+TEST(StandDelete, ACheckThatFailsLeavesNoUsesForTheNextList)
+{
+    Scenario s;
+    s.Execute("UPDATE LOGS SET ID_WALDORT = 18 WHERE ID_LOG = 1");
+    Maintain(s, [&](Dialog& f) {
+        f.Select("TreeView1", {"Nord", "3"});
+        f.Answer(186, ui::vbYes);
+        f.Answer("refused", ui::vbOK);
+        s.FailStatement(2, kRefused, "refused");
+        f.Click("btnLoschen");
+        f.Click("btnCancel");
+    });
+    EXPECT_EQ(c_Message().MessageBox_ItemCount(), 0);
+}
 
 TEST(StandDelete, TheParentOfWhatIsThenSelectedIsSelectedAndMirrored)
 {

@@ -616,6 +616,22 @@ TEST(NewStand, AnEmptyNameRemovesTheNodeAndNoRowExists)
     });
 }
 
+TEST(NewStand, BlanksWithLettersBehindTheKeysLengthAreAnEmptyNameToo)
+{
+    Scenario s;
+    s.kvxvar().g_Client = "SACHSEN";
+    Maintain(s, [&](Dialog& f) {
+        f.Select("TreeView1", {"Nord", "3"});
+        const std::string rows = s.Value("SELECT COUNT(*) FROM WALDORT");
+        const Lines nodes = Nodes(f);
+        f.Click("btnNeuerWO");
+        Rename(f, "      x");
+        EXPECT_EQ(Nodes(f), nodes);
+        EXPECT_EQ(s.Value("SELECT COUNT(*) FROM WALDORT"), rows);
+        f.Click("btnCancel");
+    });
+}
+
 TEST(NewStand, EscLeavesTheNodeUnnamedWithoutARow)
 {
     Scenario s;

@@ -1,4 +1,7 @@
 #include "basic/Error.h"
+#include "common/FormInstance.h"
+#include "entry/c_Waldort.h"
+#include "stands/F_Waldort.h"
 #include "stands/StandsTest.h"
 
 #include <algorithm>
@@ -240,6 +243,27 @@ TEST(StandTree, TextsThatDifferInCaseAreTwoNodesWithTheirOwnChildren)
         f.Click("btnCancel");
     });
     EXPECT_EQ(s.Value("SELECT COUNT(*) FROM WALDORT"), "7");
+}
+
+TEST(StandTree, MixedBranchesOfTheSameTextKeepTheirOwnParents)
+{
+    Scenario s{"INSERT INTO WALDORT (WO1, WO2, WO3) VALUES ('A', NULL, NULL), ('a', NULL, NULL), ('a', '1', NULL), "
+               "('A', '1', NULL), ('a', '1', NULL), ('A', '1', 'x'), ('A', '2', NULL)"};
+    Maintain(s, [](Dialog& f) {
+        Lines nodes = Nodes(f);
+        std::ranges::sort(nodes);
+        EXPECT_EQ(nodes, Lines({"A", "A/1", "A/1/x", "A/2", "a", "a/1"}));
+        f.Click("btnCancel");
+    });
+}
+
+TEST(StandTree, ADialogClosedWhileItOpensReadsAndMakesNothing)
+{
+    Scenario s{"INSERT INTO WALDORT (WO1, WO2) VALUES ('Ost', '1')"};
+    s.Desktop().Post([] { FormInstance<F_Waldort>::Get()->btnCancel.UserClick(); });
+    c_Waldort().WaldortSimple(s.kvxvar(), /*bolPrint=*/0, s.ID_AL, /*OnlyRead=*/0, s.ID_WALDORT_Root);
+    EXPECT_EQ(s.CountStatements("SELECT * FROM (SELECT WO1"), 0);
+    EXPECT_EQ(s.Value("SELECT COUNT(*) FROM WALDORT"), "1");
 }
 
 TEST(StandTree, LevelsBeyondTheOptionStillShowAsNodes)
