@@ -121,6 +121,7 @@ private:
     // Translator.schema.cpp
     void TranslateCreate();
     void TranslateProcedure(std::size_t what);
+    void TranslateTrigger(std::size_t what);
     void TranslateCreateTable();
     void TranslateAlterTable();
     void TranslateIndex(std::size_t what);

@@ -91,6 +91,8 @@ void Translator::TranslateCreate()
         TranslateAlterTable();
     } else if (At(what).Is(Keyword::Index)) {
         TranslateIndex(what);
+    } else if (IsWord(what, "trigger") && creates) {
+        TranslateTrigger(what);
     } else if (At(what).Is(Keyword::Table) || At(what).Is(Keyword::View)) {
         Walk(First(), Last(), Clause::None);
     } else {
@@ -121,6 +123,26 @@ void Translator::TranslateProcedure(std::size_t what)
     result_.sql = kTable;
     result_.more.push_back((replaces ? "REPLACE INTO" : "INSERT INTO") +
                            (" KORVEX_PROCEDURE (NAME, BODY) VALUES (" + Quoted(name) + ", " + Quoted(body) + ")"));
+}
+
+// The one trigger that schemas need: after a delete, a key that fills itself goes on behind the highest one that is
+// left.
+void Translator::TranslateTrigger(std::size_t what)
+{
+    std::size_t i = what + 1;
+    if (i >= Last() || !At(i).IsName()) RaiseConstruct("A trigger without a name");
+    const std::string name = analysis_.ReadName(i, Last(), i);
+    if (i + 1 >= Last() || !At(i).Is(Keyword::On) || !At(i + 1).IsName()) RaiseConstruct("A trigger without a table");
+    const std::string table = analysis_.ReadName(i + 1, Last(), i);
+    const bool afterDelete = i + 2 < Last() && (IsWord(i, "after") || IsWord(i, "for")) &&
+                             At(i + 1).Is(Keyword::Delete) && At(i + 2).Is(Keyword::As);
+    bool reseeds = false;
+    for (std::size_t at = i; afterDelete && at < Last(); ++at)
+        reseeds = reseeds || (IsWord(at, "checkident") && IsWord(at - 1, "dbcc"));
+    if (!reseeds) RaiseConstruct("A trigger that does more than DBCC CHECKIDENT after a delete");
+    result_.sql = "CREATE TRIGGER " + Bracketed(name) + " AFTER DELETE ON " + Bracketed(table) +
+                  " BEGIN UPDATE sqlite_sequence SET seq = (SELECT COALESCE(MAX(rowid), 0) FROM " + Bracketed(table) +
+                  ") WHERE name = " + Quoted(table) + "; END";
 }
 
 std::vector<Range> Translator::Definitions(std::size_t open) const

@@ -220,8 +220,8 @@ CREATE TABLE F2 (
 )
 GO
 
--- The one code list whose key fills itself although the editor counts MAX + 1 too: both agree as long as the highest
--- row is not deleted.
+-- The one code list whose key fills itself although the editor counts MAX + 1 too: both must agree, so the counter goes
+-- back when the highest row is deleted.
 CREATE TABLE SONDERMERKMAL (
     ID int IDENTITY(1,1) NOT NULL,
     NUMMER nvarchar(4) NULL,
@@ -229,6 +229,12 @@ CREATE TABLE SONDERMERKMAL (
     DISABLE bit NULL,
     CONSTRAINT PK_SONDERMERKMAL PRIMARY KEY (ID)
 )
+GO
+
+CREATE TRIGGER SONDERMERKMAL_KEYS ON SONDERMERKMAL AFTER DELETE AS
+DECLARE @highest int
+SELECT @highest = ISNULL(MAX(ID), 0) FROM SONDERMERKMAL
+DBCC CHECKIDENT ('SONDERMERKMAL', RESEED, @highest) WITH NO_INFOMSGS
 GO
 
 CREATE TABLE ANLASSART (

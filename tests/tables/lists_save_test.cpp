@@ -242,6 +242,15 @@ TEST(ListSave, ASpecialMarkFillsItsIdByItselfAndTheWritesReachIt)
     EXPECT_EQ(s.Value("SELECT NAME FROM SONDERMERKMAL WHERE NUMMER = 'S3'"), "Sonder 3");
 }
 
+TEST(ListSave, ASpecialMarkIsReachedToAfterTheHighestOneWasDeleted)
+{
+    Scenario s("lists.sql");
+    s.Execute("DELETE FROM SONDERMERKMAL WHERE ID = 2");
+    EXPECT_EQ(SaveStatements(s, kSpecialMarks, true, [](Dialog& f) { Type(f, "S3", "Sonder 3"); }).at(3),
+              "UPDATE SONDERMERKMAL SET NUMMER = 'S3' WHERE ID = 2");
+    EXPECT_EQ(s.Value("SELECT NAME FROM SONDERMERKMAL WHERE NUMMER = 'S3'"), "Sonder 3");
+}
+
 TEST(ListSave, AnOccasionIsInsertedWithItsNextIdAndAnEmptyType)
 {
     Scenario s("lists.sql");
