@@ -153,9 +153,11 @@ bool F_Tabellen2::RowDiffersFromFields()
     for (std::int32_t i = 0; i < columns.Count() && visible < fieldBoxes.size(); ++i) {
         if (!columns[i].Visible()) continue;
         const basic::Variant value = Data1.Recordset()[columns[i].DataField()].Value();
-        const bool* flag = value.As<bool>();
-        const std::string stored =
-            flag != nullptr && !*flag ? std::string() : helper->FieldToString(value, false, false);
+        // A flag may be a bit or a number, and off or never set: all that is no difference to an empty box.
+        const auto place = static_cast<std::size_t>(i);
+        const bool isFlag = kind != nullptr && place < kind->columns.size() && kind->columns[place].isFlag;
+        const bool isOff = isFlag && helper->FieldToNumber(value) == 0;
+        const std::string stored = isOff ? std::string() : helper->FieldToString(value, false, false);
         if (stored != fieldBoxes[visible++]->Text()) return true;
     }
     return false;

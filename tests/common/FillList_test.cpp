@@ -115,6 +115,16 @@ TEST_F(FillListTest, AListBoxIsFilledTheSameWay)
     EXPECT_EQ(form.List1.List(2), "BU");
 }
 
+TEST_F(FillListTest, AListBoxFollowsTheDisplayFieldByItsChoice)
+{
+    database.answers["SELECT KURZTEXT FROM PROJEKTE"].rows.pop_back();
+    FillList("PROJEKT", form.List1.Object(), {.displayField = "LANGTEXT"}, kvxvar);
+    ASSERT_EQ(form.List1.ListCount(), 3);
+    EXPECT_EQ(form.List1.List(1), "Pflanzung Süd");
+    EXPECT_EQ(form.List1.Text(), "ohne");
+    EXPECT_EQ(form.List1.ListIndex(), 2);
+}
+
 TEST_F(FillListTest, ReservedArgumentsChangeNothing)
 {
     Fill("HOLZART", {.reserved1 = "a", .reserved2 = "b", .reserved3 = "c", .reserved4 = "d"});
