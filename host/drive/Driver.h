@@ -39,7 +39,7 @@ protected:
     /// Reads once; blocks when nothing is there. @return false: the input has ended
     bool Read();
     std::optional<std::string> TakeLine();
-    int Descriptor() const { return descriptor_; }
+    bool HasEnded() const { return ended_; }
 
 private:
     int descriptor_;

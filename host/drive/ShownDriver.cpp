@@ -41,6 +41,7 @@ std::optional<std::string> LinesBesideWindows::Next(const std::function<bool()>&
     for (;;) {
         if (over()) return std::nullopt;
         if (std::optional<std::string> line = TakeLine()) return line;
+        if (HasEnded()) return std::nullopt;
         if (std::exchange(readable_, false)) {
             const bool more = Read();
             notifier_->setEnabled(more);
