@@ -157,7 +157,7 @@ class DataView final : public GridView {
 public:
     DataView(FormWindow& window, ui::DataGrid& grid, QWidget* parent) : GridView(window, grid, parent), grid_(grid) {}
 
-    int Rows() const override { return Model() == nullptr ? 0 : grid_.RowCount() + 1; }
+    int Rows() const override { return Model() == nullptr ? 0 : grid_.RowsHere() + 1; }
     int Columns() const override { return static_cast<int>(columns_.size()); }
     int FixedRows() const override { return 1; }
     int ColumnWidth(int column) const override
@@ -213,7 +213,7 @@ public:
     }
     void ReactToKey(std::int16_t keyCode, std::int16_t) override
     {
-        if ((keyCode != ui::vbKeyPageUp && keyCode != ui::vbKeyPageDown) || grid_.RowCount() == 0) return;
+        if ((keyCode != ui::vbKeyPageUp && keyCode != ui::vbKeyPageDown) || grid_.RowsHere() == 0) return;
         const int by = std::max(1, area_->RowsPerPage() - 1) * (keyCode == ui::vbKeyPageUp ? -1 : 1);
         const int to = std::clamp(grid_.CurrentRow() + by, 0, grid_.RowCount() - 1);
         Act([&] { grid_.UserSelectCell(to, grid_.Col(), /*byMouse=*/false); });

@@ -55,6 +55,7 @@ enum CommandTypeEnum : std::int32_t {
     adCmdTable = 2,
     adCmdStoredProc = 4,
     adCmdUnknown = 8,
+    adAsyncFetch = 32, ///< rows behind the first ones come later, by Recordset::FetchMore or when they are asked for
     adExecuteNoRecords = 128,
 };
 enum ObjectStateEnum : std::int32_t { adStateClosed = 0, adStateOpen = 1 };

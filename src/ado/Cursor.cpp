@@ -6,6 +6,7 @@
 #include "basic/Object.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kvx::ado {
 
@@ -90,7 +91,9 @@ void Cursor::Open(std::string_view source, std::shared_ptr<ConnectionCore> conne
 
     // -1 has every bit set and means the same as adCmdUnknown.
     noRecords_ = options != adCmdUnspecified && (options & adExecuteNoRecords) != 0;
-    const std::int32_t kind = options == adCmdUnspecified ? adCmdUnknown : options & ~adExecuteNoRecords;
+    laterRows_ = options != adCmdUnspecified && (options & adAsyncFetch) != 0;
+    const std::int32_t kind =
+        options == adCmdUnspecified ? adCmdUnknown : options & ~(adExecuteNoRecords | adAsyncFetch);
     text_ = kind == adCmdTable ? "select * from " + source_ : source_;
     options_.procedure = kind == adCmdStoredProc;
     options_.tableAllowed = kind != adCmdText && kind != adCmdStoredProc;
@@ -120,7 +123,7 @@ std::int64_t Cursor::Run()
             if (type_ == adOpenForwardOnly && !IsUpdatable())
                 place_ = Step() ? Place::On : Place::None;
             else
-                ReadAll();
+                ReadRows();
         } catch (...) {
             statement_.reset();
             throw;
@@ -133,18 +136,28 @@ std::int64_t Cursor::Run()
     return affected;
 }
 
-// The engine is done with the statement when this returns: nobody waits for a reader who thinks.
-void Cursor::ReadAll()
+// The engine is done with the statement when this returns, and nobody waits for a reader who thinks; unless the rest is
+// to come later.
+void Cursor::ReadRows()
 {
+    constexpr std::size_t kFirstRows = 200;
     auto store = std::make_shared<ColumnStore>(infos_);
     std::vector<Cell> cells(infos_->size());
-    while (statement_->Step()) {
+    bool more = false;
+    while ((more = statement_->Step()) && !(laterRows_ && store->Rows() == kFirstRows)) {
         statement_->Read(cells);
         store->Append(cells);
     }
-    statement_.reset();
-    rows_ = std::make_shared<RowSet>(std::move(store));
+    if (!more) statement_.reset();
+    rows_ = std::make_shared<RowSet>(std::move(store), std::exchange(statement_, nullptr), text_);
     GoTo(0);
+}
+
+bool Cursor::FetchMore(std::size_t rows)
+{
+    if (!open_ || !IsFetching()) return false;
+    rows_->Reach(rows_->Rows() + rows);
+    return IsFetching();
 }
 
 // One row on; a statement at its end is given back at once, with the locks it holds.
@@ -164,6 +177,7 @@ bool Cursor::Step()
 
 void Cursor::FinishStream()
 {
+    if (IsFetching()) rows_->FinishRest();
     if (!statement_) return;
     auto store = std::make_shared<ColumnStore>(infos_);
     std::vector<Cell> cells(infos_->size());
@@ -233,6 +247,7 @@ RowBlock Cursor::GetRows(std::int64_t most)
         const std::size_t count = store->Rows();
         block = RowBlock(std::move(store), 0, count);
     } else {
+        rows_->ReadRest();
         std::size_t count = rows_->Rows() - row_;
         if (most > 0) count = std::min(count, static_cast<std::size_t>(most));
         block = RowBlock(rows_->Frozen(), row_, count);

@@ -146,6 +146,7 @@ void Cursor::WriteNewRow()
         const bool ofTable = info.baseTable && basic::SameName(*info.baseTable, change.table);
         if (ofTable && (info.rowKey || (info.autoIncrement && !cells[column].assigned))) cells[column] = key;
     }
+    rows_->ReadRest();
     row_ = rows_->Add(std::move(cells));
     place_ = Place::On;
 }

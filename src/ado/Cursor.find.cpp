@@ -287,6 +287,7 @@ void Cursor::Find(std::string_view criteria, std::int64_t skip, SearchDirectionE
                 place_ = Place::After;
         }
     } else {
+        rows_->ReadRest();
         const auto count = static_cast<std::int64_t>(rows_->Rows());
         std::int64_t row = static_cast<std::int64_t>(StartRow(start)) + std::clamp(skip, -count, count) * direction;
         while (row >= 0 && row < count && !matcher.Matches(rows_->At(column, static_cast<std::size_t>(row))))

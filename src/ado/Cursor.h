@@ -48,7 +48,9 @@ public:
     std::uint64_t AddMoveComplete(std::function<void()> handler);
     void RemoveMoveComplete(std::uint64_t id);
 
-    bool IsStreaming() const { return statement_ != nullptr; }
+    bool IsStreaming() const { return statement_ != nullptr || IsFetching(); }
+    bool IsFetching() const { return rows_ && rows_->HasRest(); }
+    bool FetchMore(std::size_t rows);
     void FinishStream();     // reads the rest of a stream into memory, so that the engine is free
     void ConnectionClosed(); // called by the connection, which forgets the cursor
 
@@ -81,7 +83,8 @@ public:
     void SetAbsolutePosition(std::int64_t position);
     basic::Variant Bookmark() const;
     void SetBookmark(const basic::Variant& bookmark);
-    std::int64_t RecordCount() const;
+    std::int64_t RecordCount();
+    std::int64_t RowsHere() const;
 
     // Cursor.find.cpp
     void Find(std::string_view criteria, std::int64_t skip, SearchDirectionEnum direction, const basic::Variant& start);
@@ -116,7 +119,7 @@ private:
     bool IsUpdatable() const { return lock_ != adLockReadOnly; }
 
     std::int64_t Run(); // sends the statement and takes its rows over; @return rows affected
-    void ReadAll();
+    void ReadRows();
     void Release();
     bool Step();
     void FinishEdit();
@@ -142,6 +145,7 @@ private:
     std::string text_;   // as it is sent
     ExecuteOptions options_;
     bool noRecords_ = false;
+    bool laterRows_ = false; // rows behind the first ones are read when they are asked for
     std::shared_ptr<ConnectionCore> connection_;
     std::shared_ptr<const std::vector<ColumnInfo>> infos_;
     std::size_t visible_ = 0;

@@ -18,6 +18,7 @@ constexpr std::int64_t kPositionEof = -3;
 void Cursor::GoTo(std::int64_t row)
 {
     onFirst_ = false;
+    if (row >= 0) rows_->Reach(static_cast<std::size_t>(row) + 1);
     const auto rows = static_cast<std::int64_t>(rows_->Rows());
     if (rows == 0) {
         place_ = Place::None;
@@ -82,6 +83,7 @@ void Cursor::MoveLast()
     RequireOpen();
     if (type_ == adOpenForwardOnly) RaiseAdo(kErrNotAllowedHere);
     FinishEdit();
+    rows_->ReadRest();
     if (rows_->Rows() == 0) RaiseAdo(kErrNoCurrentRecord);
     GoTo(static_cast<std::int64_t>(rows_->Rows()) - 1);
     FireMoveComplete();
@@ -99,6 +101,7 @@ std::size_t Cursor::StartRow(const basic::Variant& start) const
     const std::int32_t which = basic::CLng(start);
     if (which == adBookmarkFirst || which == adBookmarkLast) {
         if (!rows_) RaiseAdo(kErrNotSupported);
+        rows_->ReadRest();
         if (rows_->Rows() == 0) RaiseAdo(kErrNoCurrentRecord);
         return which == adBookmarkFirst ? 0 : rows_->Rows() - 1;
     }
@@ -133,6 +136,7 @@ void Cursor::Move(std::int64_t rows, const basic::Variant& start)
             if (away) RaiseAdo(kErrNoCurrentRecord);
             from = place_ == Place::Before ? -1 : static_cast<std::int64_t>(rows_->Rows());
         }
+        rows_->ReadRest();
         // Far beyond the ends is as good as one row beyond them.
         const auto count = static_cast<std::int64_t>(rows_->Rows());
         GoTo(from + std::clamp(rows, -count - 1, count + 1));
@@ -155,6 +159,7 @@ void Cursor::SetAbsolutePosition(std::int64_t position)
 {
     RequireBookmarks();
     FinishEdit();
+    if (position > 0) rows_->Reach(static_cast<std::size_t>(position));
     if (position < 1 || position > static_cast<std::int64_t>(rows_->Rows())) RaiseAdo(kErrWrongArgument);
     GoTo(position - 1);
     FireMoveComplete();
@@ -178,10 +183,17 @@ void Cursor::SetBookmark(const basic::Variant& bookmark)
     FireMoveComplete();
 }
 
-std::int64_t Cursor::RecordCount() const
+std::int64_t Cursor::RecordCount()
 {
     RequireOpen();
-    return HasBookmarks() ? static_cast<std::int64_t>(rows_->Rows()) : -1;
+    if (!HasBookmarks()) return -1;
+    rows_->ReadRest();
+    return static_cast<std::int64_t>(rows_->Rows());
+}
+
+std::int64_t Cursor::RowsHere() const
+{
+    return rows_ ? static_cast<std::int64_t>(rows_->Rows()) : 0;
 }
 
 } // namespace kvx::ado

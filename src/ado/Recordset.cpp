@@ -134,6 +134,16 @@ std::int64_t Recordset::RecordCount() const
     return cursor_->RecordCount();
 }
 
+std::int64_t Recordset::RowsHere() const
+{
+    return cursor_->RowsHere();
+}
+
+bool Recordset::FetchMore(std::size_t rows)
+{
+    return cursor_->FetchMore(rows);
+}
+
 void Recordset::Find(std::string_view criteria, std::int64_t skip, SearchDirectionEnum direction,
                      const basic::Variant& start)
 {

@@ -79,6 +79,14 @@ public:
     void SetBookmark(const basic::Variant& bookmark);
     std::int64_t RecordCount() const; ///< -1 for forward-only and dynamic cursors
 
+    /// After Open with adAsyncFetch: rows that have been read so far, and reading more of them. Whoever needs a row that
+    /// is not here yet (a move, Find, RecordCount, a clone's too) reads up to it; another statement on the connection
+    /// reads all.
+    std::int64_t RowsHere() const;
+    /// @param rows  how many to read at most
+    /// @return true: there are more @throws basic::Error the provider's; the rows read so far stay
+    bool FetchMore(std::size_t rows);
+
     /// Looks for a row: one column, one operator (= <> < > <= >= like), one value. Texts stand in ' or #, dates in
     /// #m/d/yyyy#, numbers bare with a decimal point; a column name with blanks in [ ]. Text ignores case; like takes
     /// * or % at the end or at both ends. No match is no error: forward leaves EOF, backward BOF.

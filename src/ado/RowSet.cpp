@@ -1,5 +1,10 @@
 #include "ado/RowSet.h"
 
+#include "basic/Error.h"
+
+#include <limits>
+#include <utility>
+
 namespace kvx::ado {
 namespace {
 
@@ -18,7 +23,43 @@ std::uint32_t NextGeneration()
 
 } // namespace
 
-RowSet::RowSet(std::shared_ptr<const ColumnStore> store) : store_(std::move(store)), generation_(NextGeneration()) {}
+RowSet::RowSet(std::shared_ptr<ColumnStore> store, std::unique_ptr<DriverStatement> rest, std::string text)
+    : store_(std::move(store)), rest_(std::move(rest)), text_(std::move(text)), generation_(NextGeneration())
+{
+}
+
+void RowSet::Reach(std::size_t rows)
+{
+    if (restError_ && rows > Rows()) std::rethrow_exception(std::exchange(restError_, nullptr));
+    if (!rest_ || Rows() >= rows) return;
+    std::vector<Cell> cells(store_->Columns().size());
+    while (rest_ && Rows() < rows) {
+        rest_->Read(cells);
+        store_->Append(cells);
+        try {
+            if (!rest_->Step()) rest_.reset();
+        } catch (basic::Error& error) {
+            if (error.Statement.empty()) error.Statement = text_;
+            rest_.reset();
+            throw;
+        }
+    }
+}
+
+void RowSet::ReadRest()
+{
+    Reach(std::numeric_limits<std::size_t>::max());
+}
+
+void RowSet::FinishRest()
+{
+    if (!rest_) return;
+    try {
+        ReadRest();
+    } catch (const basic::Error&) {
+        restError_ = std::current_exception();
+    }
+}
 
 Cell RowSet::EditedAt(std::size_t column, std::size_t row) const
 {

@@ -1,8 +1,11 @@
 #include "ui/DataControl.h"
 
 #include "ui/DataGrid.h"
+#include "ui/Desktop.h"
+#include "ui/Form.h"
 #include "ui/MemberRows.h"
 
+#include <limits>
 #include <utility>
 
 namespace kvx::ui {
@@ -73,6 +76,7 @@ void DataControl::Drop()
         recordset_.Close();
     }
     own_ = false;
+    fetching_.reset();
     recordset_ = {};
 }
 
@@ -94,6 +98,26 @@ void DataControl::SetRecordset(ado::Recordset recordset)
     MoveComplete.Raise();
 }
 
+// The first page shows at once; the rest of a long list comes while the user looks at it.
+void DataControl::FetchRest()
+{
+    constexpr std::size_t kRowsATime = 2000;
+    Desktop* desktop = FindCurrentDesktop();
+    if (desktop == nullptr) {
+        recordset_.FetchMore(std::numeric_limits<std::int32_t>::max());
+        return;
+    }
+    if (!recordset_.FetchMore(0)) return;
+    if (fetching_ == nullptr) fetching_ = std::make_shared<int>();
+    desktop->Post([this, wanted = std::weak_ptr(fetching_)] {
+        if (wanted.expired()) return;
+        Owner().Protect([this] { recordset_.FetchMore(kRowsATime); });
+        for (DataGrid* grid : grids_)
+            grid->Notify(Change::Items);
+        FetchRest();
+    });
+}
+
 void DataControl::Refresh()
 {
     Drop();
@@ -104,8 +128,9 @@ void DataControl::Refresh()
             openedWith_ = connectionString_;
         }
         recordset_.SetCursorLocation(cursorLocation_);
-        recordset_.Open(recordSource_, connection_, cursorType_, lockType_, commandType_);
+        recordset_.Open(recordSource_, connection_, cursorType_, lockType_, commandType_ | ado::adAsyncFetch);
         own_ = true;
+        FetchRest();
     } catch (...) {
         recordset_ = {};
         for (DataGrid* grid : grids_)

@@ -4,6 +4,7 @@
 #include "ado/Recordset.h"
 #include "ui/ControlOf.h"
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -59,6 +60,7 @@ private:
     void Detach();
     void Drop();
     void Moved();
+    void FetchRest();
     std::string connectionString_, recordSource_;
     ado::CommandTypeEnum commandType_ = ado::adCmdUnknown;
     ado::CursorTypeEnum cursorType_ = ado::adOpenStatic;
@@ -70,6 +72,7 @@ private:
     std::uint64_t hook_ = 0;
     bool hooked_ = false, own_ = false;  // own_: opened here, to be closed here
     std::vector<DataGrid*> grids_;
+    std::shared_ptr<int> fetching_;  // gone: the rows that it stands for are wanted no more
 };
 
 }  // namespace kvx::ui

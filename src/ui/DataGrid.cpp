@@ -236,6 +236,16 @@ std::int32_t DataGrid::RowCount() const
     return HasRows() ? static_cast<std::int32_t>(std::max<std::int64_t>(0, Rows().RecordCount())) : 0;
 }
 
+std::int32_t DataGrid::RowsHere() const
+{
+    return HasRows() ? static_cast<std::int32_t>(Rows().RowsHere()) : 0;
+}
+
+bool DataGrid::Reaches(std::int32_t row) const
+{
+    return row < RowsHere() || row < RowCount();
+}
+
 std::int32_t DataGrid::CurrentRow() const
 {
     return HasRow() ? static_cast<std::int32_t>(Rows().AbsolutePosition()) - 1 : -1;
@@ -309,7 +319,7 @@ ado::Recordset& DataGrid::ReaderAt(std::int32_t row) const
 std::string DataGrid::CellText(std::int32_t row, std::int32_t col) const
 {
     const DataColumn& column = At(col);
-    return row < 0 || row >= RowCount() ? std::string{} : column.Shown(ReaderAt(row));
+    return row < 0 || !Reaches(row) ? std::string{} : column.Shown(ReaderAt(row));
 }
 
 bool DataGrid::AlignsRight(std::int32_t col) const
@@ -321,7 +331,7 @@ bool DataGrid::AlignsRight(std::int32_t col) const
 
 void DataGrid::UserSelectCell(std::int32_t row, std::int32_t col, bool byMouse)
 {
-    if (row < 0 || row >= RowCount()) return;
+    if (row < 0 || !Reaches(row)) return;
     At(col);
     const std::int32_t oldRow = CurrentRow(), oldCol = col_;
     const basic::Variant oldBookmark = Bookmark();
@@ -350,20 +360,22 @@ void DataGrid::UserHeadClick(std::int32_t col)
 
 void DataGrid::UserScroll(std::int32_t firstRow)
 {
-    firstRow_ = std::clamp(firstRow, 0, std::max(0, RowCount() - 1));
+    firstRow_ = firstRow > 0 && !Reaches(firstRow) ? std::max(0, RowCount() - 1) : std::max(0, firstRow);
 }
 
 bool DataGrid::DefaultKeyDown(std::int16_t keyCode, std::int16_t shift)
 {
-    if (RowCount() == 0) return false;
-    const std::int32_t row = CurrentRow(), last = RowCount() - 1;
+    if (RowsHere() == 0) return false;
+    const std::int32_t row = CurrentRow();
     const auto step = [&](std::int32_t by) {
         std::int32_t col = col_ + by;
         while (col >= 0 && col < static_cast<std::int32_t>(columns_.size()) && !At(col).Visible())
             col += by;
         if (col >= 0 && col < static_cast<std::int32_t>(columns_.size())) UserSelectCell(std::max(row, 0), col, false);
     };
-    const auto go = [&](std::int32_t to) { UserSelectCell(std::clamp(to, 0, last), col_, false); };
+    const auto go = [&](std::int32_t to) {
+        UserSelectCell(Reaches(to) ? to : std::clamp(to, 0, RowCount() - 1), col_, false);
+    };
     switch (keyCode) {
     case vbKeyUp: go(row - 1); return true;
     case vbKeyDown: go(row + 1); return true;
@@ -373,7 +385,7 @@ bool DataGrid::DefaultKeyDown(std::int16_t keyCode, std::int16_t shift)
         if ((shift & vbCtrlMask) != 0) go(0);
         return true;
     case vbKeyEnd:
-        if ((shift & vbCtrlMask) != 0) go(last);
+        if ((shift & vbCtrlMask) != 0) go(RowCount() - 1);
         return true;
     case vbKeyLeft: step(-1); return true;
     case vbKeyRight: step(1); return true;

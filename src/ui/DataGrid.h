@@ -102,6 +102,7 @@ public:
 
     // For windows.
     std::int32_t RowCount() const;
+    std::int32_t RowsHere() const;    ///< as RowCount, without waiting for rows that are still being read
     std::int32_t CurrentRow() const;  ///< position in the recordset, from 0; -1 = none
     std::string CellText(std::int32_t row, std::int32_t col) const;
     bool AlignsRight(std::int32_t col) const;
@@ -128,8 +129,9 @@ private:
     friend class DataControl;
     friend class DataColumn;
     void RowMoved();
-    bool HasRows() const;  // an open recordset
-    bool HasRow() const;   // with a current row
+    bool HasRows() const;                  // an open recordset
+    bool HasRow() const;                   // with a current row
+    bool Reaches(std::int32_t row) const;  // reads on only for rows that are not here yet
     ado::Recordset& Rows() const;
     ado::Recordset& ReaderAt(std::int32_t row) const;
     const DataColumn& At(std::int32_t col) const;

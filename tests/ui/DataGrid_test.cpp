@@ -183,6 +183,45 @@ TEST_F(DataGrids, AMoveByCodeScrollsTheGridAlong)
     EXPECT_EQ(grid.FirstRow(), 0);
 }
 
+TEST_F(DataGrids, ALongListShowsItsFirstRowsAndTheRestComesFromTheMessageLoop)
+{
+    data.SetLockType(ado::adLockReadOnly);
+    auto& rows = database.answers[kTrees].rows;
+    for (int i = 4; i <= 5000; ++i)
+        rows.push_back({ado::testing::Int(i), "Baum", 1.0});
+    data.Refresh();
+    EXPECT_EQ(grid.RowsHere(), 200);
+    EXPECT_EQ(grid.CellText(2, 1), "Kiefer");
+    EXPECT_EQ(grid.RowsHere(), 200);
+    desktop.DoEvents();
+    EXPECT_EQ(grid.RowsHere(), 5000);
+    EXPECT_EQ(database.liveStatements, 0);
+}
+
+TEST_F(DataGrids, WhoCountsTheRowsWaitsForAll)
+{
+    data.SetLockType(ado::adLockReadOnly);
+    auto& rows = database.answers[kTrees].rows;
+    for (int i = 4; i <= 1000; ++i)
+        rows.push_back({ado::testing::Int(i), "Baum", 1.0});
+    data.Refresh();
+    EXPECT_EQ(grid.RowCount(), 1000);
+}
+
+TEST_F(DataGrids, TheRestOfAListThatWasReplacedIsNotRead)
+{
+    data.SetLockType(ado::adLockReadOnly);
+    auto& rows = database.answers[kTrees].rows;
+    for (int i = 4; i <= 1000; ++i)
+        rows.push_back({ado::testing::Int(i), "Baum", 1.0});
+    data.Refresh();
+    data.SetRecordSource(kNoTrees);
+    data.Refresh();
+    desktop.DoEvents();
+    EXPECT_EQ(grid.RowCount(), 0);
+    EXPECT_EQ(database.steps, 201 + 1);
+}
+
 TEST_F(DataGrids, AResizeCanBeRefused)
 {
     data.Refresh();
