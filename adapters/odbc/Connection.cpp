@@ -126,7 +126,7 @@ void Connection::AskServer()
         engine_ = Engine::MariaDb;
     else if (Contains(product, "POSTGRESQL")) {
         // HyperSQL answers in PostgreSQL's protocol and under its name; only its own catalogue tells it.
-        StatementHandle probe = NewStatement(0);
+        StatementHandle probe = NewStatement();
         std::vector<SQLWCHAR> text = ToWide("SELECT 1 FROM INFORMATION_SCHEMA.SYSTEM_USERS WHERE 1=0");
         if (SQL_SUCCEEDED(SQLExecDirectW(probe.Get(), text.data(), SQL_NTS))) {
             engine_ = Engine::HyperSql;
@@ -136,8 +136,9 @@ void Connection::AskServer()
     traits_.emptyTextIsNull = engine_ == Engine::Oracle;
     // Of these drivers it is known that bytes are UTF-8 when they are told so, as OdbcConnectionString does.
     textIsUtf8_ = Contains(driver, "MAODBC") || Contains(driver, "MYODBC") || Contains(driver, "TDSODBC");
-    // HyperSQL takes the driver's SET statement_timeout for an unknown name.
-    hasQueryTimeout_ = engine_ != Engine::HyperSql;
+    // HyperSQL takes the SET statement_timeout of its driver for an unknown name, and the driver of MariaDB does
+    // nothing. That server has a limit of the session: NewStatement.
+    hasQueryTimeout_ = engine_ != Engine::HyperSql && engine_ != Engine::MariaDb;
     SQLUSMALLINT active = 0;
     if (SQL_SUCCEEDED(SQLGetInfoW(handle_.Get(), SQL_MAX_CONCURRENT_ACTIVITIES, &active, sizeof(active), nullptr)))
         traits_.rowsWhileReading = active != 1;
@@ -179,6 +180,12 @@ StatementHandle Connection::NewStatement(std::int32_t timeoutSeconds)
         const Diagnosis diagnosis = Diagnose(SQL_HANDLE_DBC, handle_.Get());
         if (IsLost(engine_, diagnosis)) lost_ = true;
         throw MakeError(engine_, diagnosis);
+    }
+    if (engine_ == Engine::MariaDb && timeoutSeconds >= 0 && timeoutSeconds != sessionTimeout_) {
+        sessionTimeout_ = timeoutSeconds;
+        std::vector<SQLWCHAR> limit = ToWide("SET SESSION max_statement_time=" + std::to_string(timeoutSeconds));
+        SQLExecDirectW(statement.Get(), limit.data(), SQL_NTS);
+        SQLFreeStmt(statement.Get(), SQL_CLOSE);
     }
     if (timeoutSeconds > 0 && hasQueryTimeout_)  // a driver that knows no timeout says so, and waits
         SQLSetStmtAttrW(statement.Get(), SQL_ATTR_QUERY_TIMEOUT, NumberValue(static_cast<SQLULEN>(timeoutSeconds)),
@@ -246,8 +253,14 @@ Connection::Result Connection::RunText(std::string_view text, const std::optiona
         infos.push_back(std::move(info));
         keyParts.push_back(table.positions);
     }
-    return std::make_unique<RowStatement>(*this, std::move(statement), std::move(columns), std::move(infos), visible,
-                                          std::move(keyParts));
+    auto rows = std::make_unique<RowStatement>(*this, std::move(statement), std::move(columns), std::move(infos),
+                                               visible, std::move(keyParts));
+    if (told) return rows;
+    // A procedure or a text of several statements: what comes behind these rows runs before the caller goes on.
+    auto kept = std::make_unique<KeptStatement>(*rows);
+    SQLFreeStmt(rows->Statement().Get(), SQL_UNBIND);
+    DrainResults(rows->Statement());
+    return kept;
 }
 
 // The statements behind the first run while their results are asked for. An error of one of them is the text's error.
@@ -287,7 +300,9 @@ Connection::Result Connection::RunTransaction(std::string_view text)
 // A procedure is called in ODBC's words, a bare name means a table or a procedure; any other text goes as it came.
 std::string Connection::CommandText(std::string_view text, const ado::ExecuteOptions& options)
 {
-    const auto call = [](std::string_view name, std::string_view arguments) {
+    const auto call = [this](std::string_view name, std::string_view arguments) {
+        // HyperSQL gives back no rows of a procedure in PostgreSQL's protocol; a function of that name stands for it.
+        if (engine_ == Engine::HyperSql) return "SELECT " + std::string(name) + "(" + std::string(arguments) + ")";
         return "{call " + std::string(name) + "(" + std::string(arguments) + ")}";
     };
     if (options.procedure) {

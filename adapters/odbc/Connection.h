@@ -43,7 +43,8 @@ public:
     /// Raises the failure of a statement. @throws basic::Error always
     [[noreturn]] void Raise(const StatementHandle& statement);
     void Check(const StatementHandle& statement, SQLRETURN result);
-    StatementHandle NewStatement(std::int32_t timeoutSeconds);
+    /// @param timeoutSeconds  0 = none, -1 = whatever is set; for statements of the driver itself
+    StatementHandle NewStatement(std::int32_t timeoutSeconds = -1);
 
 private:
     using Result = std::unique_ptr<ado::DriverStatement>;
@@ -92,6 +93,7 @@ private:
     Engine engine_ = Engine::Other;
     bool textIsUtf8_ = false;
     bool hasQueryTimeout_ = true;
+    std::int32_t sessionTimeout_ = 0;  // seconds; MariaDB's limit as it was set last
     std::string quote_ = "\"";
     ado::DriverTraits traits_;
     std::map<std::string, std::unique_ptr<TableDef>, std::less<>> tables_;  // by name in upper case

@@ -129,7 +129,7 @@ std::unique_ptr<TableDef> Connection::ReadByCatalogue(std::string_view name)
     auto table = std::make_unique<TableDef>();
     table->name = name;
     {
-        const StatementHandle columns = NewStatement(0);
+        const StatementHandle columns = NewStatement();
         if (!SQL_SUCCEEDED(SQLColumnsW(columns.Get(), nullptr, 0, nullptr, 0, wide.data(), length, nullptr, 0)))
             return nullptr;
         while (SQL_SUCCEEDED(SQLFetch(columns.Get()))) {
@@ -146,7 +146,7 @@ std::unique_ptr<TableDef> Connection::ReadByCatalogue(std::string_view name)
             table->columns.push_back(std::move(column));
         }
     }
-    const StatementHandle keys = NewStatement(0);
+    const StatementHandle keys = NewStatement();
     if (SQL_SUCCEEDED(SQLPrimaryKeysW(keys.Get(), nullptr, 0, nullptr, 0, wide.data(), length)))
         while (SQL_SUCCEEDED(SQLFetch(keys.Get())))
             table->keys.push_back(text(keys, 4));
@@ -155,7 +155,7 @@ std::unique_ptr<TableDef> Connection::ReadByCatalogue(std::string_view name)
 
 std::vector<std::vector<std::string>> Connection::Rows(std::string_view text)
 {
-    StatementHandle statement = NewStatement(0);
+    StatementHandle statement = NewStatement();
     SendText(statement, text);
     SQLSMALLINT count = 0;
     Check(statement, SQLNumResultCols(statement.Get(), &count));

@@ -203,7 +203,7 @@ basic::Variant Connection::WriteRow(const ado::RowChange& change)
 
 basic::Variant Connection::InsertRow(const ado::RowChange& change, const TableDef& table)
 {
-    StatementHandle statement = NewStatement(0);
+    StatementHandle statement = NewStatement();
     Parameters parameters(*this, statement);
     std::string columns, places;
     bool identityGiven = false;
@@ -286,7 +286,7 @@ basic::Variant Connection::UpdateRow(const ado::RowChange& change, const TableDe
     OwnTransaction transaction(handle_.Get(), inTransaction_);
     {
         // The row is held until it is written, so that nobody comes between the look and the change.
-        StatementHandle look = NewStatement(0);
+        StatementHandle look = NewStatement();
         Parameters parameters(*this, look);
         const bool hint = engine_ == Engine::SqlServer;
         const bool forUpdate = engine_ == Engine::MariaDb || engine_ == Engine::Oracle;
@@ -304,7 +304,7 @@ basic::Variant Connection::UpdateRow(const ado::RowChange& change, const TableDe
                 RaiseRowChanged();
         }
     }
-    StatementHandle update = NewStatement(0);
+    StatementHandle update = NewStatement();
     Parameters parameters(*this, update);
     std::string text;
     for (std::size_t index = 0; index < columns.size(); ++index)

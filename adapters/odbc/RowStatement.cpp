@@ -322,6 +322,15 @@ ado::Cell RowStatement::At(std::size_t column) const
     return column < visible_ ? CellOf(buffers_[column]) : KeyCell(column - visible_);
 }
 
+KeptStatement::KeptStatement(RowStatement& rows) : store_(rows.SharedColumns())
+{
+    std::vector<ado::Cell> cells(rows.Columns().size());
+    while (rows.Step()) {
+        rows.Read(cells);
+        store_.Append(cells);
+    }
+}
+
 void RowStatement::Read(std::span<ado::Cell> cells) const
 {
     for (std::size_t column = 0; column < cells.size(); ++column)

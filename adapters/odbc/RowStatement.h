@@ -1,6 +1,7 @@
 #pragma once
 
 #include "adapters/odbc/Connection.h"
+#include "ado/ColumnStore.h"
 #include "ado/Driver.h"
 
 #include <cstdint>
@@ -29,6 +30,7 @@ public:
     ado::Cell At(std::size_t column) const override;
     void Read(std::span<ado::Cell> cells) const override;
     std::int64_t RowsAffected() const override { return -1; }
+    const StatementHandle& Statement() const { return statement_; }
 
 private:
     enum class Form : std::uint8_t { Integer, Real, Utf8, Utf16, Decimal, Stamp, Flag, LongUtf16, LongUtf8 };
@@ -63,6 +65,26 @@ private:
     bool done_ = false;
     mutable std::vector<std::string> keyTexts_;
     StatementHandle statement_;  // freed before the buffers that are bound to it
+};
+
+/// The rows of a result that others follow: read at once, because the statements behind it run only then.
+class KeptStatement final : public ado::DriverStatement {
+public:
+    /// Reads all rows. @throws basic::Error what ended the reading
+    explicit KeptStatement(RowStatement& rows);
+
+    std::span<const ado::ColumnInfo> Columns() const override { return store_.Columns(); }
+    std::shared_ptr<const std::vector<ado::ColumnInfo>> SharedColumns() const override
+    {
+        return store_.SharedColumns();
+    }
+    bool Step() override { return next_++ < store_.Rows(); }
+    ado::Cell At(std::size_t column) const override { return store_.CellAt(column, next_ - 1); }
+    std::int64_t RowsAffected() const override { return -1; }
+
+private:
+    ado::ColumnStore store_;
+    std::size_t next_ = 0;
 };
 
 /// What INSERT, UPDATE, DELETE and the like leave behind.

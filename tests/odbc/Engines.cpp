@@ -115,6 +115,15 @@ void ServerProcess::Launch(const std::vector<std::string>& command)
     if (process_ < 0) throw std::runtime_error("no process for " + command.front());
 }
 
+void ServerProcess::Run(const std::vector<std::string>& command)
+{
+    Launch(command);
+    int status = 0;
+    waitpid(process_, &status, 0);
+    process_ = -1;
+    if (status != 0) throw std::runtime_error(command.front() + ": " + Content(folder_ + kLog));
+}
+
 void ServerProcess::AwaitPort()
 {
     const auto end = std::chrono::steady_clock::now() + kPatience;
@@ -144,13 +153,9 @@ MariaDbServer::MariaDbServer(std::string_view sqlMode) : sqlMode_(sqlMode)
 {
     adapters::odbc::RegisterOdbcDriver();
     MakeFolder("kvx-mariadb");
-    Launch({"mariadb-install-db", "--no-defaults", "--datadir=" + folder_ + "/data",
-            "--auth-root-authentication-method=normal", "--skip-test-db", "--skip-name-resolve",
-            geteuid() == 0 ? "--user=root" : "--force"});
-    int status = 0;
-    waitpid(process_, &status, 0);
-    process_ = -1;
-    if (status != 0) throw std::runtime_error("mariadb-install-db: " + Content(folder_ + kLog));
+    Run({"mariadb-install-db", "--no-defaults", "--datadir=" + folder_ + "/data",
+         "--auth-root-authentication-method=normal", "--skip-test-db", "--skip-name-resolve",
+         geteuid() == 0 ? "--user=root" : "--force"});
     port_ = FreePort();
     Start();
 }
@@ -160,7 +165,7 @@ void MariaDbServer::Start()
     std::vector<std::string> command = {
         "mariadbd", "--no-defaults", "--datadir=" + folder_ + "/data", "--port=" + std::to_string(port_),
         "--bind-address=127.0.0.1", "--socket=" + folder_ + "/socket", "--pid-file=" + folder_ + "/pid",
-        "--skip-name-resolve", "--innodb-flush-log-at-trx-commit=0", "--innodb-flush-method=nosync",
+        "--skip-name-resolve", "--innodb-flush-log-at-trx-commit=2", "--innodb-flush-method=nosync",
         "--innodb-doublewrite=OFF", "--innodb-buffer-pool-size=64M", "--innodb-lock-wait-timeout=20", "--skip-log-bin",
         "--lower-case-table-names=1",
         // Case does not count, accents do: as German installations of SQL Server compare.
@@ -198,8 +203,10 @@ HyperSqlServer::HyperSqlServer()
                        << ";user=kvx;password=kvx;sql.syntax_mss=true\nserver.dbname." << database << "=kvx" << database
                        << "\n";
     }
-    Launch({"java", "-Xshare:auto", "-XX:TieredStopAtLevel=1", "-XX:+UseSerialGC", "-Xmx512m", "-cp",
-            "/usr/share/java/hsqldb.jar", "org.hsqldb.server.Server", "--props", folder_ + "/server.properties"});
+    Run({"javac", "-d", folder_, std::string(KVX_SOURCE_DIR) + "/tests/odbc/StandProcedure.java"});
+    Launch({"java", "-Dhsqldb.method_class_names=StandProcedure.*", "-Xshare:auto", "-XX:TieredStopAtLevel=1",
+            "-XX:+UseSerialGC", "-Xmx512m", "-cp", "/usr/share/java/hsqldb.jar:" + folder_, "org.hsqldb.server.Server",
+            "--props", folder_ + "/server.properties"});
     AwaitPort();
 }
 

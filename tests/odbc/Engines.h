@@ -27,6 +27,8 @@ public:
 protected:
     void MakeFolder(std::string_view name);
     void Launch(const std::vector<std::string>& command);
+    /// The same, and waits for its end. @throws std::runtime_error with what it said when it failed
+    void Run(const std::vector<std::string>& command);
     /// Waits until something listens on the port. @throws std::runtime_error with the server's last words
     void AwaitPort();
     static int FreePort();
@@ -46,8 +48,8 @@ public:
     std::string NewDatabase();
     std::string ConnectionString(std::string_view database) const;
 
-    static constexpr std::string_view kOracleMode =
-        "ORACLE,EMPTY_STRING_IS_NULL,STRICT_ALL_TABLES,NO_ZERO_DATE,NO_ZERO_IN_DATE,ERROR_FOR_DIVISION_BY_ZERO";
+    static constexpr std::string_view kOracleMode = "ORACLE,EMPTY_STRING_IS_NULL,NO_BACKSLASH_ESCAPES,STRICT_ALL_"
+                                                    "TABLES,NO_ZERO_DATE,NO_ZERO_IN_DATE,ERROR_FOR_DIVISION_BY_ZERO";
     static constexpr std::string_view kPlainMode =
         "ANSI_QUOTES,PIPES_AS_CONCAT,NO_BACKSLASH_ESCAPES,STRICT_ALL_TABLES,NO_ZERO_DATE,NO_ZERO_IN_DATE";
 

@@ -9,6 +9,7 @@
 #include "korvex_loc/KorvexLoc.h"
 #include "session/SiblingClasses.h"
 #include "support/NewDesktop.h"
+#include "support/ScenarioDatabase.h"
 
 #include <gtest/gtest.h>
 
@@ -93,10 +94,9 @@ Scenario::Scenario(std::string_view script)
     adapters::sqlite::RegisterSqliteDriver();
     SetSiblings(&KorvexLoc());
 
-    const std::string connectionString = "Provider=Korvex.SQLite;Data Source=" + File("forest.db");
     const bool isFile = script.ends_with(".sql") && script.find(' ') == std::string_view::npos;
-    RunScriptOnce(connectionString, SampleSchema() + "\nGO\n" + (isFile ? TestData(script) : std::string(script)));
-    own_.Open(connectionString);
+    const std::string rows = isFile ? TestData(script) : std::string(script);
+    const std::string connectionString = scenarioDatabase.make ? scenarioDatabase.make(folder_, rows) : NewFile(rows);
 
     kvxvar_.strConnection = connectionString;
     kvxvar_.dbAdo.Open(connectionString);
@@ -105,7 +105,28 @@ Scenario::Scenario(std::string_view script)
     kvxvar_.strAppPath = folder_;
     kvxvar_.strIniFile = "korvex.ini";
     kvxvar_.ID_USER = 1;
+    if (scenarioDatabase.session) scenarioDatabase.session(kvxvar_);
     ado::AddProcessObserver(log_);
+}
+
+// A fresh file of the embedded database.
+std::string Scenario::NewFile(std::string_view rows) const
+{
+    const std::string connectionString = "Provider=Korvex.SQLite;Data Source=" + File("forest.db");
+    RunScriptOnce(connectionString, SampleSchema() + "\nGO\n" + std::string(rows));
+    return connectionString;
+}
+
+// Opened when it is needed: on a server that costs more than many a scenario.
+ado::Connection& Scenario::Own()
+{
+    if (own_.State() != ado::adStateOpen) own_.Open(kvxvar_.strConnection);
+    return own_;
+}
+
+std::string Scenario::Words(std::string_view sql)
+{
+    return scenarioDatabase.words ? scenarioDatabase.words(sql) : std::string(sql);
 }
 
 Scenario::~Scenario()
@@ -163,7 +184,7 @@ std::string Scenario::Text(std::int32_t id)
 void Scenario::Execute(std::string_view sql)
 {
     log_->paused = true;
-    own_.Execute(sql);
+    Own().Execute(Words(sql));
     log_->paused = false;
 }
 
@@ -177,7 +198,7 @@ Lines Scenario::Column(std::string_view sql)
 {
     log_->paused = true;
     Lines values;
-    ado::Recordset rows = own_.Execute(sql);
+    ado::Recordset rows = Own().Execute(Words(sql));
     for (; !rows.Eof(); rows.MoveNext()) values.push_back(basic::ToText(rows[0].Value()));
     rows.Close();
     log_->paused = false;

@@ -96,6 +96,10 @@ public:
     std::vector<std::string> TakeFailures();
 
 private:
+    std::string NewFile(std::string_view rows) const;
+    ado::Connection& Own();
+    static std::string Words(std::string_view sql);
+
     std::string folder_;
     std::shared_ptr<StatementLog> log_;
     std::unique_ptr<adapters::headless::HeadlessDesktop> desktop_;
