@@ -34,6 +34,9 @@ int RunLookup(const Arguments& arguments);
 int RunUpdate(const Arguments& arguments);
 int RunTree(const Arguments& arguments);
 int RunEdit(const Arguments& arguments);
+int RunDrive(const Arguments& arguments);
+int RunGrid(const Arguments& arguments);
+int RunOdbcRead(const Arguments& arguments);
 
 /// Milliseconds that the work takes.
 double Measure(const std::function<void()>& work);

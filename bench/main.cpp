@@ -18,6 +18,9 @@ constexpr Benchmark kBenchmarks[] = {
     {"update", "[--rounds N] [--synchronous FULL|NORMAL|OFF]", RunUpdate},
     {"tree", "--rows N [--missing [--synchronous FULL|NORMAL|OFF]] [--rounds N]", RunTree},
     {"edit", "--rows N [--n N]", RunEdit},
+    {"drive", "[--n N] [--rounds N]", RunDrive},
+    {"grid", "--rows N [--rounds N]", RunGrid},
+    {"odbc-read", "--rows N [--rounds N]", RunOdbcRead},
 };
 
 volatile std::uint64_t consumed = 0;
