@@ -281,6 +281,20 @@ TEST(DriveEnd, AnOutsideQuestionGetsNothing)
     EXPECT_TRUE(isNull);
 }
 
+TEST(DriveEnd, APickerOverACodeListIsCancelledAndTheListWithIt)
+{
+    Drive d("lists.sql");
+    d.Call("c_Tabellen2", "Tabellen2", {{"intIdString_dll", 480}});
+    d.Send("focus", {{"control", "DataGrid1"}});
+    d.Send("click", {{"control", "btnNeu"}});
+    d.Send("focus", {{"control", "txtField3"}});
+    d.Send("key", {{"code", 17}});
+    d.Run();
+    EXPECT_EQ(d.At(3)["form"], "F_Tabellen2");
+    EXPECT_EQ(d.Last()["form"], "F_Picker");
+    EXPECT_TRUE(d.Host().ModalForms().empty());
+}
+
 TEST(DriveEnd, EveryDialogOfTheLibraryEnds)
 {
     for (const host::drive::Method& method : host::drive::Methods()) {
