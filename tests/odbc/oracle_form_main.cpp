@@ -1,4 +1,6 @@
 // The stand dialogs' tests with Oracle's form of every statement, on MariaDB in Oracle's mode.
+#include "host/Options.h"
+#include "host/Session.h"
 #include "odbc/Engines.h"
 #include "odbc/ServerScenarios.h"
 #include "stands/StandsTest.h"
@@ -39,6 +41,24 @@ TEST(ServerGone, InTheMiddleOfADialogIsShownAndTheHostGoesOnAfterwards)
         f.Click("btnCancel");
     });
     EXPECT_EQ(s.Value("SELECT LANGNAME FROM WALDORT WHERE ID_WALDORT = 2"), "neu");
+}
+
+TEST(HostOnAServer, OpensItsSessionByAConnectionString)
+{
+    Scenario s;
+    s.Execute("INSERT INTO USERS (ID_USER, NAME, LONGNAME, ID_ACCESS_LEVELS) VALUES (3, 'root', 'Möller, Jörg', 2)");
+    host::Options options;
+    options.oracle = true;
+    host::Session session = host::OpenSession(options, s.kvxvar().strConnection, s.File(""));
+    EXPECT_EQ(session.kvxvar.ID_USER, 3);
+    EXPECT_EQ(session.userName, "Möller, Jörg");
+    EXPECT_EQ(session.levelName, "Revier Birkenhain");
+    s.In("F_Waldort", [](Dialog& f) {
+        EXPECT_FALSE(Nodes(f).empty());
+        f.Click("btnCancel");
+    });
+    std::int32_t level = 2;
+    c_Waldort().WaldortSimple(session.kvxvar, /*bolPrint=*/0, level, /*OnlyRead=*/0, s.ID_WALDORT_Root);
 }
 
 }  // namespace kvx::test
