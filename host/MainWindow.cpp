@@ -428,6 +428,11 @@ void MainWindow::UseClient(std::string_view client)
     ShowArguments();
 }
 
+void MainWindow::UseOracle(bool oracle)
+{
+    session_.kvxvar.bOracle = oracle ? -1 : 0;
+}
+
 void MainWindow::Reconnect(const std::string& connectionString)
 {
     // Who logs in is the user, whatever the command line said about the first one.

@@ -42,6 +42,7 @@ public:
 
     /// Works as another client from now on.
     void UseClient(std::string_view client);
+    void UseOracle(bool oracle);  ///< the dialect of the library's statements
 
     /// Chooses the file that is shown next; the user is asked when it is empty.
     std::string fileToShow;

@@ -13,6 +13,7 @@
 #include "ui/TreeView.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QImage>
 #include <QMessageBox>
 #include <QPixmap>
@@ -88,6 +89,16 @@ void Dialog::Keys(std::string_view keys)
 {
     for (const adapters::qt::KeyStroke& stroke : adapters::qt::ParseKeys(keys)) {
         adapters::qt::PressKey(stroke);
+        stage_.Settle();
+    }
+}
+
+void Dialog::Wait(int milliseconds)
+{
+    QElapsedTimer passed;
+    passed.start();
+    while (!passed.hasExpired(milliseconds)) {
+        QThread::msleep(10);
         stage_.Settle();
     }
 }

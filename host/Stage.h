@@ -43,6 +43,8 @@ public:
     void Pick(std::string_view combo, std::int32_t row);
     void SelectTab(std::string_view tabs, std::int16_t tab);
     std::string Text(std::string_view control);
+    /// Lets time pass, as a user does who looks at what came.
+    void Wait(int milliseconds);
     /// Saves the picture "form-mode.png".
     void Picture(std::string_view mode);
 

@@ -16,12 +16,20 @@
 #include <QLineEdit>
 #include <QListView>
 
+#include <algorithm>
 #include <cstdio>
+#include <optional>
 #include <unistd.h>
 
 namespace kvx::host {
 
 namespace {
+
+/// A saved row is shown half a second later.
+constexpr int kSavedMilliseconds = 700;
+
+/// The list whose first code lists of logs refer to.
+constexpr std::int32_t kUsedList = 1130;
 
 /// What the scenes need.
 struct Set {
@@ -48,6 +56,22 @@ void CallOperation(Set& set, std::string_view name, std::size_t which = 0)
         return;
     }
     set.stage.Fail("there is no operation " + std::string(name));
+}
+
+// How many documents the tour has printed so far.
+std::ptrdiff_t Documents(const Set& set)
+{
+    return std::ranges::count_if(std::filesystem::directory_iterator(set.folder),
+                                 [](const auto& entry) { return entry.path().extension() == ".docx"; });
+}
+
+// What prints must leave a document.
+void CallPrinting(Set& set, std::string_view name, std::size_t which)
+{
+    const std::ptrdiff_t before = Documents(set);
+    CallOperation(set, name, which);
+    set.stage.Settle();
+    if (Documents(set) <= before) set.stage.Fail(std::string(name) + " has printed nothing");
 }
 
 // --- the login
@@ -212,8 +236,6 @@ void PickWorkStand(Set& set)
 // Client BB: the outside application chooses, here the host's stand-in for it.
 void PickOutside(Set& set)
 {
-    const std::string client = set.window.CurrentSession().kvxvar.g_Client;
-    set.window.UseClient("BB");
     set.stage.ExpectWindow("DSW2", [&set](QWidget& window) {
         window.findChild<QLineEdit*>(QStringLiteral("search"))->setText(QStringLiteral("Müritz/ 01/ "));
         auto* list = window.findChild<QListView*>(QStringLiteral("list"));
@@ -222,12 +244,34 @@ void PickOutside(Set& set)
         dynamic_cast<QDialog&>(window).accept();
     });
     CallOperation(set, "c_Waldort.WaldortArbeits");
-    set.window.UseClient(client);
+}
+
+// Some clients see other fields and buttons, and shorter keys.
+void MaintainAs(Set& set, std::string_view mode)
+{
+    set.stage.Expect("F_Waldort", [mode](Dialog& f) {
+        f.SelectNode("TreeView1", {"Eifel", "01", "IV", "19", "c", "0"});
+        f.Picture(mode);
+        f.Click("btnCancel");
+    });
+    CallOperation(set, "c_Waldort.WaldortSimple", 0);
+}
+void MaintainForBB(Set& set)
+{
+    MaintainAs(set, "maintenance-BB");
+}
+void MaintainForSaxony(Set& set)
+{
+    MaintainAs(set, "maintenance-SACHSEN");
+}
+void MaintainOnOracle(Set& set)
+{
+    MaintainAs(set, "maintenance-Oracle");
 }
 
 void PrintStands(Set& set)
 {
-    CallOperation(set, "c_Waldort.WaldortSimple", 2);
+    CallPrinting(set, "c_Waldort.WaldortSimple", 2);
 }
 
 // --- the list message box
@@ -302,8 +346,7 @@ void CallCodeList(Set& set, std::int32_t textId)
 
 void EditColours(Set& set)
 {
-    Stage& stage = set.stage;
-    stage.Expect("F_Tabellen2", [&stage](Dialog& f) {
+    set.stage.Expect("F_Tabellen2", [](Dialog& f) {
         f.SelectRow("DataGrid1", 2);
         f.Picture("browse");
         f.Click("btnNeu");
@@ -314,6 +357,54 @@ void EditColours(Set& set)
         f.Click("btnOK");
     });
     CallCodeList(set, 496);
+}
+
+// A row's whole life: saved, found again, deleted; then the list is printed. The protocol tells of it.
+void SaveAndDeleteCode(Set& set)
+{
+    Stage& stage = set.stage;
+    const std::filesystem::path protocol = set.folder / "protocol.txt";
+    set.window.CallArguments().strProtokolPath = protocol.string();
+    stage.Expect("F_Tabellen2", [&stage](Dialog& f) {
+        f.SelectRow("DataGrid1", 1);
+        f.Click("btnNeu");
+        f.Type("txtField1", "ZK");
+        f.Type("txtField2", "Zukauf");
+        f.Click("btnSpeichern");
+        f.Wait(kSavedMilliseconds);
+        f.Picture("saved");
+        if (f.Text("txtField1") != "ZK") stage.Fail("the saved row is not the current one");
+        stage.ExpectMessage(ui::vbYes);
+        f.Click("btnLoschen");
+        f.Wait(kSavedMilliseconds);
+        f.SelectRow("DataGrid1", 0);
+        f.Click("cmdPrint");
+        f.Click("btnOK");
+    });
+    const std::ptrdiff_t before = Documents(set);
+    CallCodeList(set, kUsedList);
+    stage.Settle();
+    if (Documents(set) <= before) stage.Fail("the list was not printed");
+    if (!os::FileExists(protocol.string()) || os::ReadLines(protocol.string()).size() < 2)
+        stage.Fail("the protocol does not tell what was saved and deleted");
+    set.window.CallArguments().strProtokolPath.clear();
+}
+
+// A code that lists of logs refer to cannot be deleted.
+void DeleteUsedCode(Set& set)
+{
+    Stage& stage = set.stage;
+    stage.Expect("F_Tabellen2", [&](Dialog& f) {
+        f.SelectRow("DataGrid1", 0);
+        stage.ExpectMessage(ui::vbYes, "MessageBox-delete-code");
+        stage.Expect("F_MessageBox", [](Dialog& used) {
+            used.Picture("code-used");
+            used.Click("btnOK");
+        });
+        f.Click("btnLoschen");
+        f.Click("btnOK");
+    });
+    CallCodeList(set, kUsedList);
 }
 
 void EditOrganisation(Set& set)
@@ -392,12 +483,16 @@ void Version(Set& set)
 struct Scene {
     std::string_view name;
     void (*play)(Set& set);
+    std::string_view client = {};  ///< as the session's from here on, if one is named
+    std::optional<bool> oracle = {};
 };
+
+constexpr std::string_view kStandard = "*";  ///< no client of its own
 
 // A dialog that the library gains gets its row here.
 constexpr Scene kScenes[] = {
     {"Version", Version},
-    {"Login: server, database, user", LoginStandard},
+    {"Login: server, database, user", LoginStandard, kStandard},
     {"Login: Windows authentication", LoginWindows},
     {"Login: client BB, name and password alone", LoginByNameAlone},
     {"Stands: pick one into the host's boxes", PickStand},
@@ -407,13 +502,18 @@ constexpr Scene kScenes[] = {
     {"Stands: one subtree", ViewSubtree},
     {"Stands: several into the host's list", PickManyStands},
     {"Stands: of a work order", PickWorkStand},
-    {"Stands: of a work order, outside application", PickOutside},
-    {"Stands: print", PrintStands},
+    {"Stands: of a work order, outside application", PickOutside, "BB"},
+    {"Stands: maintenance, client BB", MaintainForBB, "BB"},
+    {"Stands: maintenance, client SACHSEN", MaintainForSaxony, "SACHSEN"},
+    {"Stands: maintenance, Oracle's statements", MaintainOnOracle, kStandard, true},
+    {"Stands: print", PrintStands, kStandard, false},
     {"Message: pick from a combo box", MessageFromCombo},
     {"Message: lines of the host", MessageOfLines},
     {"Message: text file", MessageOfFile},
     {"Usage checks", CheckUsage},
     {"Code lists: colours, a new row", EditColours},
+    {"Code lists: a row saved, deleted, the list printed", SaveAndDeleteCode},
+    {"Code lists: a code in use", DeleteUsedCode},
     {"Code lists: organisational units, ten tabs", EditOrganisation},
     {"Code lists: field labels", EditFieldLabels},
     {"Code lists: occasions, one field", EditOccasions},
@@ -441,7 +541,11 @@ int RunTour(adapters::qt::QtDesktop& desktop, MainWindow& window, const Options&
     stage.Settle();
     stage.Picture(window, "Korvex-start");
     for (const Scene& scene : kScenes)
-        stage.Play(scene.name, [&] { scene.play(set); });
+        stage.Play(scene.name, [&] {
+            if (!scene.client.empty()) window.UseClient(scene.client == kStandard ? std::string_view{} : scene.client);
+            if (scene.oracle) window.UseOracle(*scene.oracle);
+            scene.play(set);
+        });
     stage.Picture(window, "Korvex-end");
 
     const std::vector<std::string>& failures = stage.Failures();

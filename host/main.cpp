@@ -109,10 +109,10 @@ private:
     std::filesystem::path path_;
 };
 
-// A tour shows its documents to nobody.
+// A tour opens its documents for nobody: they are laid beside the pictures.
 class TourShell final : public os::Shell {
 public:
-    TourShell() { os::SetCurrentShell(this); }
+    explicit TourShell(std::filesystem::path folder) : folder_(std::move(folder)) { os::SetCurrentShell(this); }
     ~TourShell() override { os::SetCurrentShell(nullptr); }
     TourShell(const TourShell&) = delete;
     TourShell& operator=(const TourShell&) = delete;
@@ -122,8 +122,15 @@ public:
     }
     void Open(std::string_view document) override
     {
-        if (!os::FileExists(document)) basic::Raise(basic::kErrFileNotFound);
+        const std::filesystem::path path(document);
+        std::error_code error;
+        std::filesystem::copy_file(path, folder_ / path.filename(), std::filesystem::copy_options::overwrite_existing,
+                                   error);
+        if (error) basic::Raise(basic::kErrFileNotFound);
     }
+
+private:
+    std::filesystem::path folder_;
 };
 
 // @param folder where printed documents go; empty: the user's own folder for documents
@@ -155,9 +162,8 @@ int DriveShown(const Options& options, Session session, const std::filesystem::p
 {
     drive::LinesBesideWindows input(STDIN_FILENO);
     drive::ShownDriver driver(
-        std::move(session),
-        [&](const std::string& connection) { return OpenSession(options, connection, appFolder); }, input,
-        drive::WriteAnswersTo(STDOUT_FILENO));
+        std::move(session), [&](const std::string& connection) { return OpenSession(options, connection, appFolder); },
+        input, drive::WriteAnswersTo(STDOUT_FILENO));
     UseWordProcessor(driver, {});
     driver.Run();
     EndLibrary();
@@ -187,7 +193,8 @@ int Run(int argc, char** argv)
     if (!options.traceFile.empty()) trace.emplace(WriteTraceTo(options.traceFile));
 
     if (options.drive && !options.show) {
-        drive::Drive(options, appFolder, [](ui::Desktop& desktop) { UseWordProcessor(desktop, {}); }, EndLibrary);
+        drive::Drive(
+            options, appFolder, [](ui::Desktop& desktop) { UseWordProcessor(desktop, {}); }, EndLibrary);
         return 0;
     }
 
@@ -220,7 +227,7 @@ int Run(int argc, char** argv)
     desktop.SetLanguage(options.language);
     ui::SetCurrentDesktop(&desktop);
     std::optional<TourShell> tourShell;
-    if (tour) tourShell.emplace();
+    if (tour) tourShell.emplace(options.tourFolder);
     UseWordProcessor(desktop, tour ? scratch->Path().string() : std::string());
 
     if (!session) session = LogIn(options, appFolder, desktop);

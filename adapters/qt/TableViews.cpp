@@ -171,7 +171,7 @@ public:
     bool GridLines() const override { return true; }
     bool HasFocusFrame(int row, int column) const override
     {
-        return row - 1 == grid_.CurrentRow() && ModelColumn(column) == grid_.Col();
+        return row > 0 && row - 1 == grid_.CurrentRow() && ModelColumn(column) == grid_.Col();
     }
     int CurrentRow() const override
     {
