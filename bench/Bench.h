@@ -35,7 +35,6 @@ int RunUpdate(const Arguments& arguments);
 int RunTree(const Arguments& arguments);
 int RunEdit(const Arguments& arguments);
 int RunDrive(const Arguments& arguments);
-int RunDrive(const Arguments& arguments);
 int RunGrid(const Arguments& arguments);
 int RunOdbcRead(const Arguments& arguments);
 

@@ -19,7 +19,6 @@ constexpr Benchmark kBenchmarks[] = {
     {"tree", "--rows N [--missing [--synchronous FULL|NORMAL|OFF]] [--rounds N]", RunTree},
     {"edit", "--rows N [--n N]", RunEdit},
     {"drive", "[--n N] [--rounds N]", RunDrive},
-    {"drive", "[--n N] [--rounds N]", RunDrive},
     {"grid", "--rows N [--rounds N]", RunGrid},
     {"odbc-read", "--rows N [--rounds N]", RunOdbcRead},
 };
