@@ -1,6 +1,9 @@
 #include "stands/StandsTest.h"
 
+#include "basic/Convert.h"
 #include "basic/Text.h"
+#include "common/FormInstance.h"
+#include "stands/F_Waldort.h"
 
 #include <algorithm>
 
@@ -82,6 +85,35 @@ std::size_t PlaceOf(const Scenario& s, std::string_view start)
     const auto found = std::ranges::find_if(log, [start](const std::string& text) { return text.starts_with(start); });
     EXPECT_NE(found, log.end()) << start;
     return static_cast<std::size_t>(found - log.begin()) + 1;
+}
+
+void BarWatch::Attach()
+{
+    bar_ = &FormInstance<F_Waldort>::Get()->ProgressBar1;
+    window_ = bar_->GetView();
+    bar_->SetView(this);
+}
+
+void BarWatch::Detach()
+{
+    if (bar_ != nullptr && bar_->GetView() == this) bar_->SetView(window_);
+    bar_ = nullptr;
+}
+
+void BarWatch::Changed(ui::Change what)
+{
+    if (window_ != nullptr) window_->Changed(what);
+    isHundredths = isHundredths && bar_->Min() == 0 && bar_->Max() == 100;
+    const std::string state = bar_->Visible() ? basic::ToText(bar_->Value()) : "hidden";
+    if (!states.empty() && states.back() == state) return;
+    states.push_back(state);
+    pointers.push_back(bar_->Owner().MousePointer());
+}
+
+void BarWatch::Gone()
+{
+    if (window_ != nullptr) window_->Gone();
+    bar_ = nullptr;
 }
 
 }  // namespace kvx::test

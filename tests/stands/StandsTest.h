@@ -5,8 +5,10 @@
 #include "support/Scenario.h"
 #include "support/Sent.h"
 #include "ui/ListBox.h"
+#include "ui/ProgressBar.h"
 #include "ui/TextBox.h"
 #include "ui/TreeView.h"
+#include "ui/View.h"
 
 #include <gtest/gtest.h>
 
@@ -45,6 +47,26 @@ std::string KeyBoxes(Dialog& f);
 
 /// Which statement of the whole log is the first that begins so, from 1: what FailStatement takes.
 std::size_t PlaceOf(const Scenario& s, std::string_view start);
+
+/// Notes every state of the dialog's progress bar: its value, or "hidden". The window that shows the bar goes on to be
+/// told of its changes.
+class BarWatch final : public ui::View {
+public:
+    ~BarWatch() override { Detach(); }
+    /// From now on, at the dialog that is open or about to open.
+    void Attach();
+    void Detach();
+    void Changed(ui::Change what) override;
+    void Gone() override;
+
+    Lines states;                        ///< a state that is the same as the one before is noted once
+    std::vector<std::int32_t> pointers;  ///< the form's pointer, with each state
+    bool isHundredths = true;            ///< the range was 0 to 100 all the time
+
+private:
+    ui::ProgressBar* bar_ = nullptr;
+    ui::View* window_ = nullptr;
+};
 
 /// A form that stands for the host's window; its boxes are handed in late-bound.
 class HostForm final : public ui::Form {

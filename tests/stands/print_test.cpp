@@ -4,6 +4,8 @@
 #include "stands/F_Waldort.h"
 #include "stands/StandsTest.h"
 
+#include <algorithm>
+#include <functional>
 #include <memory>
 
 namespace kvx::test {
@@ -40,21 +42,27 @@ private:
 
 class PaperProcessor final : public os::WordApplication {
 public:
-    explicit PaperProcessor(Lines& steps) : steps_(steps) {}
+    PaperProcessor(Lines& steps, const std::function<void()>& onDocument) : steps_(steps), onDocument_(onDocument) {}
     void SetWindowState(std::int32_t) override {}
-    std::shared_ptr<os::WordDocument> AddDocument() override { return std::make_shared<PaperDocument>(steps_); }
+    std::shared_ptr<os::WordDocument> AddDocument() override
+    {
+        if (onDocument_) onDocument_();
+        return std::make_shared<PaperDocument>(steps_);
+    }
     void SetVisible(bool) override {}
 
 private:
     Lines& steps_;
+    const std::function<void()>& onDocument_;
 };
 
 /// A word processor that is there as long as this object.
 struct Paper {
     Lines steps;
+    std::function<void()> onDocument;  // when the word processor is asked for a document
     Paper()
     {
-        os::RegisterWordProcessor([this] { return std::make_shared<PaperProcessor>(steps); });
+        os::RegisterWordProcessor([this] { return std::make_shared<PaperProcessor>(steps, onDocument); });
     }
     ~Paper() { os::RegisterWordProcessor({}); }
     std::string Pasted() const
@@ -136,6 +144,30 @@ TEST(StandPrint, TheButtonPrintsAndLeavesThePointerAndTheBarAsTheyWere)
         f.Click("btnCancel");
     });
     EXPECT_NE(paper.Pasted(), "(nothing)");
+}
+
+TEST(StandPrint, TheBarGoesOnWithEveryRowUnderTheHourglass)
+{
+    Paper paper;
+    Scenario s{kFew};
+    BarWatch bar;
+    std::int32_t pointerAtTheDocument = -1;
+    paper.onDocument = [&] {
+        const auto form = FormInstance<F_Waldort>::Get();
+        pointerAtTheDocument = form->MousePointer();
+        EXPECT_FALSE(form->ProgressBar1.Visible());
+    };
+    Maintain(s, [&](Dialog& f) {
+        bar.Attach();
+        f.Click("cmdPrint");
+        bar.Detach();
+        EXPECT_EQ(f.Form().MousePointer(), ui::vbDefault);
+        EXPECT_FALSE(f.Shown("ProgressBar1"));
+        f.Click("btnCancel");
+    });
+    EXPECT_EQ(bar.states, Lines({"0", "33", "66", "100", "hidden"}));
+    EXPECT_TRUE(std::ranges::all_of(bar.pointers, [](std::int32_t pointer) { return pointer == ui::vbHourglass; }));
+    EXPECT_EQ(pointerAtTheDocument, ui::vbHourglass);
 }
 
 TEST(StandPrint, WithoutAWordProcessorNothingHappens)

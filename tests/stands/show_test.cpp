@@ -192,6 +192,34 @@ TEST(StandClick, InfoIsOffOnTheRootOnly)
     });
 }
 
+TEST(StandClick, InfoStaysOnWhereTheRootHasAnotherWordThanTheGermanOne)
+{
+    Scenario s;
+    s.kvxvar().strLanguage = "ENGLISH";
+    Maintain(s, [](Dialog& f) {
+        EXPECT_EQ(Tree(f).FirstTop().Text(), "Base");
+        f.Select("TreeView1", {});
+        EXPECT_TRUE(f.Enabled("btnInfo"));
+        f.Click("btnCancel");
+    });
+}
+
+TEST(StandClick, AnApostropheIsShownAsTheProvidersErrorAndTheDialogStays)
+{
+    Scenario s{"INSERT INTO WALDORT (WO1, LANGNAME) VALUES ('d''Or', 'Goldberg'), ('Süd', 'Am Bach')"};
+    Maintain(s, [&](Dialog& f) {
+        f.Answer("*", ui::vbOK);
+        f.Select("TreeView1", {"d'Or"});
+        EXPECT_EQ(KeyBoxes(f), "d'Or|||||");
+        EXPECT_EQ(f.Text("txtName"), "");
+        f.Select("TreeView1", {"Süd"});
+        EXPECT_EQ(f.Text("txtName"), "Am Bach");
+        f.Click("btnCancel");
+    });
+    EXPECT_EQ(s.Boxes().at(0).flags, 16);
+    EXPECT_EQ(s.Value("SELECT COUNT(*) FROM WALDORT"), "2");
+}
+
 TEST(StandClick, TheKeyboardSelectsToo)
 {
     Scenario s;
@@ -270,14 +298,16 @@ TEST(StandClick, OnATooLongLevelCutsItAndMakesARowOfTheCutKey)
 
 TEST(StandClick, ClientsWithShortKeysCutAtSixCharacters)
 {
-    Scenario s{"INSERT INTO WALDORT (WO1) VALUES ('Müritzer')"};
-    s.kvxvar().g_Client = "SACHSEN";
-    Maintain(s, [](Dialog& f) {
-        f.Select("TreeView1", {"Müritzer"});
-        EXPECT_EQ(f.Text("txtWO1"), "Müritz");
-        f.Click("btnCancel");
-    });
-    EXPECT_EQ(s.Value("SELECT LANGNAME FROM WALDORT WHERE WO1 = 'Müritz'"), "Müritz");
+    for (const char* client : {"SACHSEN", "BB"}) {
+        Scenario s{"INSERT INTO WALDORT (WO1) VALUES ('Müritzer')"};
+        s.kvxvar().g_Client = client;
+        Maintain(s, [&](Dialog& f) {
+            f.Select("TreeView1", {"Müritzer"});
+            EXPECT_EQ(f.Text("txtWO1"), "Müritz") << client;
+            f.Click("btnCancel");
+        });
+        EXPECT_EQ(s.Value("SELECT LANGNAME FROM WALDORT WHERE WO1 = 'Müritz'"), "Müritz") << client;
+    }
 }
 
 // --- failures: each statement of a click in turn ---

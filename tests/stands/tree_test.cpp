@@ -425,6 +425,35 @@ TEST(StandTree, TheBarIsGoneAndTheButtonsAreSetWhenTheTreeIsThere)
     });
 }
 
+TEST(StandTree, TheBarGoesOnEveryHundredthRowAndIsGoneAfterwards)
+{
+    std::string rows = "INSERT INTO WALDORT (WO1) VALUES ('1')";
+    for (int stand = 2; stand <= 250; ++stand)
+        rows += ", ('" + std::to_string(stand) + "')";
+    Scenario s{rows};
+    BarWatch bar;
+    s.Desktop().Post([&] { bar.Attach(); });
+    Maintain(s, [&](Dialog& f) {
+        bar.Detach();
+        EXPECT_FALSE(f.Shown("ProgressBar1"));
+        EXPECT_EQ(f.Text("ProgressBar1", "Value"), "0");
+        f.Click("btnCancel");
+    });
+    // Rows 1, 101 and 201 of 250, in whole hundredths.
+    EXPECT_EQ(bar.states, Lines({"hidden", "0", "40", "80", "0", "hidden"}));
+    EXPECT_TRUE(bar.isHundredths);
+}
+
+TEST(StandTree, TheFieldsAreOpenBeforeAStandIsChosen)
+{
+    Scenario s;
+    Maintain(s, [](Dialog& f) {
+        EXPECT_TRUE(f.Enabled("frame"));
+        EXPECT_TRUE(f.CanReach("txtName"));
+        f.Click("btnCancel");
+    });
+}
+
 TEST(StandTree, AWindowThatComesBackToTheFrontDoesNotLoadAgain)
 {
     Scenario s;
@@ -560,6 +589,18 @@ TEST(StandModes, AViewerCanNeitherMakeNorPick)
         /*onlyRead=*/true);
 }
 
+TEST(StandModes, UnderARootStandNothingIsMadeOrPickedBeforeAClick)
+{
+    Scenario s;
+    s.ID_WALDORT_Root = 17;
+    Maintain(s, [](Dialog& f) {
+        EXPECT_FALSE(f.Enabled("btnOK"));
+        EXPECT_FALSE(f.Enabled("btnNeuerWO"));
+        EXPECT_EQ(f.Text("btnNeuerWO", "Tag"), "NO");
+        f.Click("btnCancel");
+    });
+}
+
 TEST(StandModes, TheWindowSpeaksTheSessionsLanguage)
 {
     Scenario s;
@@ -625,6 +666,36 @@ TEST(StandTreeFailure, ARefusedLoadIsShownAndTheDialogStaysWithoutLoadingAgain)
     EXPECT_EQ(s.Boxes().at(0).flags, 16);
     EXPECT_EQ(s.Boxes().at(0).title, "Korvex");
     EXPECT_EQ(s.CountStatements("SELECT * FROM (SELECT WO1"), 1);
+}
+
+TEST(StandTreeFailure, ARefusedLoadLeavesTheFlagHidden)
+{
+    const std::size_t load = PlaceInLoad("forest.sql", "SELECT * FROM (");
+    Scenario s;
+    s.Answer("refused", ui::vbOK);
+    s.FailStatement(load, kRefused, "refused");
+    Maintain(s, [](Dialog& f) {
+        EXPECT_FALSE(f.Shown("chkDisable"));
+        EXPECT_TRUE(f.Enabled("frame"));
+        f.Click("btnCancel");
+    });
+}
+
+TEST(StandTreeFailure, AnApostropheInAMissingParentEndsTheLoadWithTheProvidersError)
+{
+    Scenario s{"INSERT INTO WALDORT (WO1, WO2) VALUES ('d''Or', '1'), ('Ost', NULL)"};
+    s.Answer("*", ui::vbOK);
+    Maintain(s, [&](Dialog& f) {
+        EXPECT_EQ(Nodes(f), Lines({"d'Or"}));
+        EXPECT_FALSE(f.Shown("ProgressBar1"));
+        EXPECT_EQ(f.Form().MousePointer(), ui::vbDefault);
+        f.Select("TreeView1", {});
+        EXPECT_FALSE(f.Enabled("btnOK"));
+        f.Click("btnCancel");
+    });
+    EXPECT_EQ(s.Boxes().at(0).flags, 16);
+    EXPECT_EQ(s.CountStatements("UPDATE WALDORT SET WO1 = 'd'Or'"), 1);
+    EXPECT_EQ(s.Value("SELECT COUNT(*) FROM WALDORT WHERE WO1 = 'd''Or'"), "1");
 }
 
 class StandParentFailure : public testing::TestWithParam<std::string_view> {};
