@@ -92,16 +92,24 @@ TEST(StandFields, TheEmptyItemStoresAnEmptySpecies)
 
 TEST(StandFields, WhatIsNoNumberIsSavedAsZero)
 {
-    Scenario s;
-    const Lines sent = EditNord1(s, [&](Dialog& f) {
-        s.Desktop().SetClipboardText("abc");
-        f.Focus("txtFlaeche");
-        dynamic_cast<ui::TextBox&>(*f.Form().FindControl("txtFlaeche")).UserPaste();
-        EXPECT_EQ(f.Text("txtFlaeche"), "abc");
-        f.Focus("TreeView1");
-        EXPECT_EQ(f.Text("txtFlaeche"), "0,0000");
-    });
-    EXPECT_EQ(sent, Lines({"UPDATE WALDORT SET FLAECHE = 0.0000" + std::string(kWhere)}));
+    struct Case {
+        const char* box;
+        const char* shown;
+        const char* statement;
+    };
+    for (const Case& one : {Case{"txtFlaeche", "0,0000", "UPDATE WALDORT SET FLAECHE = 0.0000"},
+                            Case{"txtAlter", "0,00", "UPDATE WALDORT SET AL_TER = 0.00"}}) {
+        Scenario s;
+        const Lines sent = EditNord1(s, [&](Dialog& f) {
+            s.Desktop().SetClipboardText("abc");
+            f.Focus(one.box);
+            dynamic_cast<ui::TextBox&>(*f.Form().FindControl(one.box)).UserPaste();
+            EXPECT_EQ(f.Text(one.box), "abc");
+            f.Focus("TreeView1");
+            EXPECT_EQ(f.Text(one.box), one.shown);
+        });
+        EXPECT_EQ(sent, Lines({one.statement + std::string(kWhere)}));
+    }
 }
 
 TEST(StandFields, NumberBoxesRefuseLettersAndASecondComma)
@@ -283,6 +291,8 @@ INSTANTIATE_TEST_SUITE_P(
         WhereCase{"OracleBBListWithoutLevel", true, "BB", 0, true,
                   " WHERE NVL(DISABLE,0) = 0 AND NVL(ID_ACCESS_LEVELS,0) = 0"},
         WhereCase{"OracleBB", true, "BB", 1, false, " WHERE NVL(DISABLE,0) = 0 AND NVL(ID_ACCESS_LEVELS,0) = 1"},
+        WhereCase{"OracleBBWithoutLevel", true, "BB", 0, false,
+                  " WHERE NVL(DISABLE,0) = 0 AND NVL(ID_ACCESS_LEVELS,0) = 0"},
         WhereCase{"SqlServer", false, "", 0, false,
                   " WHERE ISNULL(DISABLE,0) = 0 AND WALDORT.ID_ACCESS_LEVELS IS NULL"},
         WhereCase{"SqlServerLevel", false, "", 1, true,

@@ -84,6 +84,34 @@ TEST(StandRename, OracleGetsItsOwnForms)
     });
 }
 
+TEST(StandRename, ClientBBCountsInTheLevelsBelowAndRenamesInItsOwn)
+{
+    for (const bool oracle : {false, true}) {
+        Scenario s;
+        if (oracle) BeOracle(s);
+        s.kvxvar().g_Client = "BB";
+        s.kvxvar().ID_ACCESS_LEVELS = 1;
+        s.ID_AL = 1;
+        const std::string rows = oracle ? " WHERE WALDORT.ID_WALDORT IN (SELECT /*+ FIRST_ROWS */ ID_WALDORT FROM"
+                                          " WALDORT WHERE NVL(DISABLE,0) = 0 AND NVL(ID_ACCESS_LEVELS,0)"
+                                        : " WHERE WALDORT.ID_WALDORT IN (SELECT ID_WALDORT FROM WALDORT WHERE"
+                                          " ISNULL(DISABLE,0) = 0 AND ID_ACCESS_LEVELS";
+        Maintain(s, [&](Dialog& f) {
+            f.Select("TreeView1", {"Süd", "1"});
+            Sent since(s);
+            Rename(f, "11");
+            Lines sent = since.Take();
+            ASSERT_GE(sent.size(), 2U);
+            sent.erase(sent.begin(), sent.end() - 2);  // whether the level is restricted, and the levels below
+            EXPECT_EQ(sent,
+                      Lines({"SELECT COUNT(*) FROM WALDORT" + rows + " IN (1,2,3) AND WO1 = 'Süd' AND WO2 = '11')",
+                             "UPDATE WALDORT  SET WO2 = '11'" + rows + " = 1 AND WO1 = 'Süd' AND WO2 = '1')"}));
+            f.Click("btnCancel");
+        });
+        EXPECT_EQ(s.Value("SELECT WO2 FROM WALDORT WHERE ID_WALDORT = 11"), "11");
+    }
+}
+
 TEST(StandRename, TheTextIsCutAsTheClientsKeysAre)
 {
     Scenario s;
@@ -351,6 +379,22 @@ TEST(StandAllowedValues, AnotherTextGoesToThePickerWhoseValueReplacesIt)
     EXPECT_EQ(s.Value("SELECT WO2 FROM WALDORT WHERE ID_WALDORT = 17"), "34");
     EXPECT_EQ(s.CountStatements("SELECT SHORT,LONG FROM T_WALDORT WHERE WONR = 2"), 1);
     EXPECT_EQ(s.Boxes().at(0).flags, 0);
+}
+
+TEST(StandAllowedValues, BlanksBehindAPickedValueAreNoPartOfTheName)
+{
+    Scenario s;
+    AllowOnly(s, "2", "33  ");
+    s.In("F_Picker", [](Dialog& f) { f.Click("btnOK"); });
+    Maintain(s, [&](Dialog& f) {
+        f.Select("TreeView1", {"Nord", "3"});
+        f.Answer(223, ui::vbOK);
+        Rename(f, "99");
+        EXPECT_EQ(NodeKey(f, {"Nord", "33"}), "K|Nord|33");
+        EXPECT_EQ(KeyBoxes(f), "Nord|33||||");
+        f.Click("btnCancel");
+    });
+    EXPECT_TRUE(s.WasSent("UPDATE WALDORT  SET WO2 = '33'" + Subtree(" AND WO1 = 'Nord' AND WO2 = '3'")));
 }
 
 TEST(StandAllowedValues, APickedNameThatASiblingHasIsRefusedAndTheEditGoesOnWithTheOldLabel)

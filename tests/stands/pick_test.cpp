@@ -3,6 +3,8 @@
 #include "stands/F_Waldort.h"
 #include "stands/StandsTest.h"
 
+#include <algorithm>
+
 namespace kvx::test {
 namespace {
 
@@ -124,6 +126,22 @@ TEST(PickStand, BoxesThatAreNothingAreSkipped)
                         s.ID_WALDORT_Root);
     EXPECT_EQ(form.txtWO1.Text(), "Nord");
     EXPECT_EQ(form.txtFlaeche.Text(), "40,2500");
+}
+
+TEST(PickStand, OkOnAStandThatIsGoneMeanwhileLeavesBoxesAndSpecies)
+{
+    Scenario s;
+    Host host;
+    const std::string before = host.Boxes();
+    s.In("F_Waldort", [&](Dialog& f) {
+        f.Select("TreeView1", {"Nord", "1"});
+        EXPECT_EQ(f.Text("cmbHolzart"), "FI");
+        s.Execute("DELETE FROM WALDORT WHERE WO1 = 'Nord'");
+        f.Click("btnOK");
+    });
+    host.Pick(s);
+    EXPECT_EQ(host.Boxes(), before);
+    EXPECT_EQ(host.strHolzart, "alt");
 }
 
 TEST(PickStand, AGreyStandCanBePicked)
@@ -260,6 +278,31 @@ TEST(PickStandId, APrefixWithoutARowOfItsOwnGivesNothing)
     EXPECT_EQ(result.id, 0);
     EXPECT_EQ(result.strWO, "");
     EXPECT_EQ(s.CountStatements("SELECT TOP 1 ID_WALDORT"), 1);
+}
+
+TEST(PickStandId, TheDialogIsNoViewer)
+{
+    Scenario s;
+    PickId(s, [](Dialog& f) {
+        const Lines nodes = Nodes(f);
+        EXPECT_EQ(std::ranges::count_if(nodes, [](const std::string& node) { return node.ends_with('*'); }), 1)
+            << testing::PrintToString(nodes);  // the central stand
+        EXPECT_TRUE(f.Enabled("btnOK"));
+        EXPECT_TRUE(f.Enabled("btnNeuerWO"));
+        f.Click("btnCancel");
+    });
+}
+
+TEST(PickStandId, TheRootStandIsHandedOn)
+{
+    Scenario s;
+    s.ID_WALDORT_Root = 17;
+    const IdResult result = PickId(s, [](Dialog& f) {
+        EXPECT_EQ(Nodes(f), Lines({"Nord*", "Nord/3*", "Nord/3/a*"}));
+        f.Select("TreeView1", {"Nord", "3"});
+        f.Click("btnOK");
+    });
+    EXPECT_EQ(result.id, 17);
 }
 
 TEST(PickStandId, WithAListBoxOkAddsAndStaysOpen)
@@ -425,6 +468,67 @@ TEST(PickWorkStand, CancelLeavesEverything)
     EXPECT_EQ(result.form.txtWaldort.Text(), "alt");
     EXPECT_EQ(result.id, -5);
     EXPECT_EQ(result.area, "alt");
+}
+
+TEST(PickWorkStand, AKeyWithoutARowOfItsOwnGivesTheTextAndNoId)
+{
+    Scenario s;
+    WorkResult result;
+    result.Pick(s, [&](Dialog& f) {
+        f.Select("TreeView1", {"Nord", "1"});
+        s.Execute("DELETE FROM WALDORT WHERE ID_WALDORT = 2");
+        f.Click("btnOK");
+    });
+    EXPECT_EQ(result.form.txtWaldort.Text(), "Nord/ 1: Nord 1");
+    EXPECT_EQ(result.id, 0);
+    EXPECT_EQ(result.area, "40,2500");
+}
+
+TEST(PickWorkStand, TheRootStandIsHandedOn)
+{
+    Scenario s;
+    s.ID_WALDORT_Root = 17;
+    WorkResult result;
+    result.Pick(s, [](Dialog& f) {
+        EXPECT_EQ(Nodes(f), Lines({"Nord*", "Nord/3*", "Nord/3/a*"}));
+        f.Select("TreeView1", {"Nord", "3", "a"});
+        f.Click("btnOK");
+    });
+    EXPECT_EQ(result.form.txtWaldort.Text(), "Nord/ 3/ a: Nord 3 a");
+}
+
+TEST(PickWorkStand, TheLevelSearchedForIsHandedOn)
+{
+    Scenario s;
+    s.ID_AL = 1;
+    WorkResult result;
+    result.Pick(s, [](Dialog& f) {
+        f.Select("TreeView1", {"Süd", "1"});  // a stand of that level
+        f.Click("btnOK");
+    });
+    EXPECT_EQ(result.form.txtWaldort.Text(), "Süd/ 1: Süd 1 des Staatswalds");
+    EXPECT_EQ(result.id, 11);
+}
+
+TEST(PickWorkStand, ClientBBAsksForItsOptionsInThisOrder)
+{
+    Scenario s;
+    s.kvxvar().g_Client = "BB";
+    WorkResult result;
+    result.Pick(s, PickNord1("btnCancel"));
+    const Lines all = s.Statements();
+    const auto dialog = std::ranges::find(all, "SELECT NUMBER_VALUE FROM OPTIONEN WHERE PROPERTY_ID = 'WALDORTLEVEL'");
+    EXPECT_EQ(
+        Lines(all.begin(), dialog),
+        Lines({"SELECT NUMBER_VALUE FROM OPTIONEN WHERE PROPERTY_ID = 'DSW_WALDORT'",
+               "SELECT TEXT_VALUE FROM OPTIONEN WHERE PROPERTY_ID = 'DSW_INIFILE'",
+               R"(UPDATE OPTIONEN SET TEXT_VALUE = 'c:\Programme\DSW2\dsw2.ini' WHERE PROPERTY_ID = 'DSW_INIFILE')",
+               R"(INSERT INTO OPTIONEN (PROPERTY_ID,TEXT_VALUE) VALUES ('DSW_INIFILE','c:\Programme\DSW2\dsw2.ini'))",
+               "SELECT TEXT_VALUE FROM OPTIONEN WHERE PROPERTY_ID = 'DSW_SEPARATOR'",
+               "UPDATE OPTIONEN SET TEXT_VALUE = '|' WHERE PROPERTY_ID = 'DSW_SEPARATOR'",
+               "INSERT INTO OPTIONEN (PROPERTY_ID,TEXT_VALUE) VALUES ('DSW_SEPARATOR','|')",
+               "SELECT NUMBER_VALUE FROM OPTIONEN WHERE PROPERTY_ID = 'DSW_ZEIGEAUFRUF'",
+               "SELECT NUMBER_VALUE FROM OPTIONEN WHERE PROPERTY_ID = 'DSW_WALDORTINPUT'"}));
 }
 
 TEST(PickWorkStand, ClientBBReadsTheOptionsAndWritesTheUsualValues)
