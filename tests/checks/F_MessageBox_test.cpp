@@ -160,6 +160,17 @@ TEST(MessageBoxCmb, TheTallListFillsAFormOf7000Twips)
     c_Message().MessageBoxCmb("", "", host.form.Combo.Object());
 }
 
+TEST(MessageBoxCmb, TheFormIsGoneAfterwards)
+{
+    for (const char* button : {"btnOK", "btnCancel"}) {
+        Scenario s;
+        ComboHost host{"Fichte"};
+        s.In("F_MessageBox", [&](Dialog& f) { f.Click(button); });
+        c_Message().MessageBoxCmb("", "", host.form.Combo.Object());
+        EXPECT_FALSE(FormInstance<F_MessageBox>::Exists()) << button;
+    }
+}
+
 TEST(MessageBoxCmb, AnObjectThatIsNoComboBoxIsAnErrorAndTheFormStays)
 {
     Scenario s;
@@ -255,6 +266,20 @@ TEST(MessageBoxLines, AfterShowTheSameFormStartsEmptyAgain)
     EXPECT_EQ(message.MessageBox_ItemCount(), 1);
 }
 
+TEST(MessageBoxLines, TheNextMessageHasTheUsualCaptionAgain)
+{
+    Scenario s;
+    c_Message message;
+    message.MessageBox_AddItem("alt");
+    s.In("F_MessageBox", [](Dialog& f) {
+        EXPECT_EQ(f.Form().Caption(), "Hinweise");
+        f.Click("btnOK");
+    });
+    message.MessageBox_Show("Hinweise");
+    message.MessageBox_AddItem("neu");
+    EXPECT_EQ(FormInstance<F_MessageBox>::Get()->Caption(), "Korvex32");
+}
+
 TEST(MessageBoxNL, LinesComeAsTheyStandWhateverEndsThem)
 {
     Scenario s;
@@ -266,6 +291,18 @@ TEST(MessageBoxNL, LinesComeAsTheyStandWhateverEndsThem)
         f.DblClick("List1");
     });
     c_Message().MessageBoxNL("Bitte lesen", s.File("hinweis.txt"));
+    EXPECT_FALSE(FormInstance<F_MessageBox>::Exists());
+}
+
+TEST(MessageBoxNL, TheCloseBoxClosesATextFile)
+{
+    Scenario s;
+    s.WriteFile("a.txt", "a");
+    s.In("F_MessageBox", [](Dialog& f) {
+        f.CloseBox();
+        EXPECT_FALSE(f.Form().Visible());
+    });
+    c_Message().MessageBoxNL("", s.File("a.txt"));
     EXPECT_FALSE(FormInstance<F_MessageBox>::Exists());
 }
 

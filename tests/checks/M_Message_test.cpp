@@ -295,6 +295,35 @@ TEST(CheckPerson, TheListClosesByDoubleClickAsOtherWhereUsedListsDo)
     c_Message().CheckPerson(s.kvxvar(), 1, "R_KUNDE", 1, 0);
 }
 
+TEST(UsageChecks, TheListClosesByEnterAndByTheCloseBox)
+{
+    for (const std::string way : {"enter", "close"}) {
+        Scenario s("usage.sql");
+        s.In("F_MessageBox", [&](Dialog& f) {
+            EXPECT_EQ(f.FocusedControl(), "List1");
+            if (way == "enter") f.Keys("{ENTER}");
+            if (way == "close") f.CloseBox();
+            EXPECT_FALSE(f.Form().Visible()) << way;
+        });
+        EXPECT_EQ(c_Message().CheckPerson(s.kvxvar(), 1, "R_KUNDE", 1, 0), 0) << way;
+    }
+}
+
+TEST(UsageChecks, TheListClosesByDoubleClickAlsoAfterAMessageThatDoesNot)
+{
+    Scenario s("usage.sql");
+    c_Message message;
+    message.MessageBox_AddItem("alt");
+    s.In("F_MessageBox", [](Dialog& f) { f.Click("btnOK"); });
+    message.MessageBox_Show("Hinweise");
+    s.In("F_MessageBox", [](Dialog& f) {
+        f.Pick("List1", 0);
+        f.DblClick("List1");
+        EXPECT_FALSE(f.Form().Visible());
+    });
+    EXPECT_EQ(message.CheckPerson(s.kvxvar(), 1, "R_KUNDE", 1, 0), 0);
+}
+
 // --- goods ---
 
 TEST(CheckArtikelWaren, PaymentsAndLaterInvoicesAreListedAsTheyCome)
