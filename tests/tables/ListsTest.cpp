@@ -13,6 +13,18 @@ std::string Open(Scenario& s, std::int32_t id, const Script& script, std::string
     return basic::ToText(changed);
 }
 
+void ExpectHostError(Scenario& s, std::int32_t id, std::int32_t number, std::string_view description)
+{
+    std::string path;
+    try {
+        c_Tabellen2().Tabellen2(s.kvxvar(), "Liste", path, id, /*bolPrint=*/0, "Anna");
+        ADD_FAILURE() << "no error";
+    } catch (const basic::Error& error) {
+        EXPECT_EQ(error.Number, number);
+        EXPECT_EQ(error.Description, description);
+    }
+}
+
 F_Tabellen2& List(Dialog& f)
 {
     return dynamic_cast<F_Tabellen2&>(f.Form());

@@ -41,6 +41,9 @@ enum ListId : std::int32_t {
 /// @return what the host gets: "Wahr" or "Falsch"
 std::string Open(Scenario& s, std::int32_t id, const Script& script, std::string_view protocol = {});
 
+/// Opens a list whose script makes something fail: the host must get this error.
+void ExpectHostError(Scenario& s, std::int32_t id, std::int32_t number, std::string_view description);
+
 F_Tabellen2& List(Dialog& f);
 
 /// Rows of the grid as they are shown, visible columns joined by "|".

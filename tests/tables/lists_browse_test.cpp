@@ -136,6 +136,20 @@ TEST(ListRows, ARelationShowsTheNumberOfItsGroup)
     });
 }
 
+TEST(ListRows, AFailingLookUpOfAGroupIsTheHostsError)
+{
+    Scenario s("lists.sql");
+    s.In("F_Tabellen2", [&](Dialog& f) {
+        Go(f, 0);
+        s.FailStatement(1, ado::kErrTimeout, "zu langsam");
+        Go(f, 1);
+        EXPECT_TRUE(s.HasFailed());
+        EXPECT_FALSE(f.Form().Visible());
+    });
+    ExpectHostError(s, kRelations, ado::kErrTimeout, "zu langsam");
+    EXPECT_TRUE(s.Boxes().empty());
+}
+
 TEST(ListStates, TheGridBrowsesAndABoxEdits)
 {
     Scenario s("lists.sql");
@@ -312,6 +326,30 @@ TEST(ListOk, AFlagThatIsStoredAsOffIsNoChange)
         EXPECT_FALSE(f.Form().IsLoaded());
     });
     EXPECT_TRUE(s.Boxes().empty());
+}
+
+TEST(ListOk, AFlagThatIsANumberCountsAsSetOnlyWhereItIsNotZero)
+{
+    Scenario s("lists.sql");
+    s.Execute("DROP TABLE F1");
+    s.Execute(
+        "CREATE TABLE F1 (ID int NOT NULL, SHORT nvarchar(5) NULL, LONG nvarchar(50) NULL, DISABLE smallint NULL, "
+        "CONSTRAINT PK_F1 PRIMARY KEY (ID))");
+    s.Execute("INSERT INTO F1 (ID, SHORT, LONG, DISABLE) VALUES (1, 'a', 'Alpha', 0), (2, 'b', 'Beta', 1)");
+    Open(s, kFreeFields, [&](Dialog& f) {
+        Go(f, 0);
+        EXPECT_EQ(EditLine(f), "a|Alpha||");
+        f.Click("btnOK");
+        EXPECT_FALSE(f.Form().IsLoaded());
+    });
+    EXPECT_TRUE(s.Boxes().empty());
+    Open(s, kFreeFields, [&](Dialog& f) {
+        Go(f, 1);
+        EXPECT_EQ(EditLine(f), "b|Beta||x");
+        f.Answer(4103, ui::vbNo);
+        f.Click("btnOK");
+    });
+    EXPECT_EQ(s.Boxes().size(), 1U);
 }
 
 TEST(ListOk, TheFlagsOwnBoxIsNotCompared)

@@ -2,6 +2,7 @@
 
 #include "checks/F_MessageBox.h"
 #include "common/FormInstance.h"
+#include "entry/c_Message.h"
 
 #include <string>
 
@@ -221,6 +222,22 @@ TEST(ListDelete, AnyOtherErrorShowsItsOwnWords)
         });
         EXPECT_EQ(s.Boxes().at(1).flags, ui::vbCritical) << k;
     }
+}
+
+TEST(ListDelete, AFailingLookAtTheUseLeavesNoLinesForTheNextList)
+{
+    Scenario s("lists.sql");
+    c_Message().MessageBox_AddItem("vom Wirt");  // a list that was begun before
+    Open(s, kReceipts, [&](Dialog& f) {
+        Go(f, 0);
+        s.FailStatement(1, ado::kErrTimeout, "Zeit abgelaufen");
+        f.Answer(1429, ui::vbYes);
+        f.Answer("Zeit abgelaufen", ui::vbOK);
+        f.Click("btnLoschen");
+        f.CloseBox();
+    });
+    EXPECT_FALSE(FormInstance<F_MessageBox>::Exists());
+    EXPECT_EQ(c_Message().MessageBox_ItemCount(), 0);
 }
 
 TEST(ListDelete, AProtocolThatCannotBeWrittenKeepsTheRow)

@@ -247,6 +247,21 @@ TEST(ListCtrl, ARowWithoutAGroupPicksFromTheTop)
     });
 }
 
+TEST(ListCtrl, GroupsThatCannotBeReadAreTheHostsErrorAndNoPickerAppears)
+{
+    Scenario s("lists.sql");
+    s.In("F_Tabellen2", [&](Dialog& f) {
+        Go(f, 0);
+        f.Focus("txtField3");
+        s.FailStatement(1, ado::kErrTimeout, "zu langsam");
+        f.CtrlAlone();
+        EXPECT_EQ(s.Log().back(), "SELECT ID, NUMBER, NAME  FROM BBF_GRUPPE WHERE LABEL_GROUP = 'RELTABLE'");
+        EXPECT_FALSE(f.Form().Visible());
+    });
+    ExpectHostError(s, kRelations, ado::kErrTimeout, "zu langsam");
+    EXPECT_EQ(s.Desktop().Dialogs(), Lines{"F_Tabellen2"});
+}
+
 TEST(ListCtrl, DoesNothingInOtherBoxesAndLists)
 {
     Scenario s("lists.sql");

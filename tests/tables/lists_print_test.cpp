@@ -1,4 +1,5 @@
 #include "basic/Convert.h"
+#include "basic/Locale.h"
 #include "common/FormInstance.h"
 #include "common/RecordingWord.h"
 #include "tables/ListsTest.h"
@@ -50,6 +51,22 @@ TEST(ListPrint, ARelationPrintsTheNumberOfItsGroup)
     });
     const std::string text = Pasted(word).at(0);
     EXPECT_NE(text.find("FA1\tForstamt 1\t11\t\r\n"), std::string::npos) << text;
+}
+
+TEST(ListPrint, ASetFlagIsTheMachinesWordForTrueAndAnotherOneNothing)
+{
+    for (const auto& [locale, word] :
+         {std::pair{basic::GermanLocale(), "Wahr"}, std::pair{basic::EnglishLocale(), "True"}}) {
+        Scenario s("lists.sql");
+        basic::SetLocale(locale);
+        RecordingWord printed;
+        Open(s, kFreeFields, [&](Dialog& f) {
+            f.Click("cmdPrint");
+            f.CloseBox();
+        });
+        const std::string text = Pasted(printed).at(0);
+        EXPECT_TRUE(text.ends_with("\r\nb\tBeta\t\r\na\tAlpha\t" + std::string(word) + "\r\n")) << text;
+    }
 }
 
 TEST(ListPrint, AHostPrintsEveryTabInOrderAndNoFormAppears)

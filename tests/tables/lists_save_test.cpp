@@ -512,6 +512,16 @@ TEST(ListSave, ARowThatKeepsItsCodeIsWrittenAgainWithoutComplaint)
     EXPECT_TRUE(s.Boxes().empty());
 }
 
+TEST(ListSave, ATariffWithoutACodeIsWrittenAgainWithoutComplaint)
+{
+    Scenario s("lists.sql");
+    EXPECT_EQ(SaveStatements(s, kTariffs, false, [](Dialog& f) { f.Focus("txtField2"); }),
+              Join({"SELECT SHORTNAME FROM STAMM_TABELLEN WHERE (SHORTNAME = '' OR SHORTNAME IS NULL) AND LABEL_GROUP "
+                    "= 'EST'"},
+                   MasterWrites("30", "EST", "NULL", "'ohne'", "NULL")));
+    EXPECT_TRUE(s.Boxes().empty());
+}
+
 TEST(ListSave, ACodeMayChangeItsCase)
 {
     Scenario s("lists.sql");

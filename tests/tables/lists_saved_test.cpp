@@ -118,6 +118,75 @@ TEST(ListSaved, ALongListIsReadTwiceAndSearchedWithoutTheDatabase)
     });
 }
 
+TEST(ListSaved, ARefreshThatFailsIsTheHostsErrorThoughTheRowIsSaved)
+{
+    Scenario s("lists.sql");
+    s.In("F_Tabellen2", [&](Dialog& f) {
+        Go(f, 0);
+        Retype(f, "txtField2", "Einschlag");
+        f.Click("btnSpeichern");
+        s.FailStatement(1, ado::kErrTimeout, "zu langsam");
+        f.Wait(500);
+        EXPECT_TRUE(s.HasFailed());
+        EXPECT_FALSE(f.Form().Visible());
+    });
+    ExpectHostError(s, kReceipts, ado::kErrTimeout, "zu langsam");
+    EXPECT_EQ(s.Value("SELECT LONGNAME FROM STAMM_TABELLEN WHERE ID_STRING = 40"), "Einschlag");
+    Sent sent(s);
+    s.Advance(1000);
+    EXPECT_EQ(sent.Take(), Lines{});
+}
+
+TEST(ListSaved, TheRefreshComesAlsoWhileTheUserPicksAGroup)
+{
+    Scenario s("lists.sql");
+    Open(s, kRelations, [&](Dialog& f) {
+        Go(f, 0);
+        Retype(f, "txtField2", "Amt eins");
+        f.Click("btnSpeichern");
+        f.Focus("txtField3");
+        s.In("F_Picker", [&](Dialog& picker) {
+            Sent sent(s);
+            picker.Wait(500);
+            EXPECT_EQ(sent.Take().front(), List(f).Data1.RecordSource());
+            EXPECT_TRUE(picker.Form().Visible());
+            picker.PickRow("ListView1", 2);
+            picker.Click("btnOK");
+        });
+        f.CtrlAlone();
+        EXPECT_TRUE(f.Form().Visible());
+        EXPECT_EQ(EditLine(f), "FA1|Amt eins|12|");
+        EXPECT_EQ(List(f).DataGrid1.CurrentRow(), 0);
+        f.CloseBox();
+    });
+    EXPECT_EQ(s.Value("SELECT GRUPPE FROM RELTABLE WHERE ID = 1"), "5");
+}
+
+TEST(ListSaved, TheRefreshComesAlsoWhileTheUsesOfACodeAreShown)
+{
+    Scenario s("lists.sql");
+    Open(s, kReceipts, [&](Dialog& f) {
+        Go(f, 0);
+        Retype(f, "txtField2", "Einschlag");
+        f.Click("btnSpeichern");
+        Go(f, 0);
+        s.In("F_MessageBox", [&](Dialog& box) {
+            Sent sent(s);
+            box.Wait(500);
+            EXPECT_EQ(sent.Take(), Lines{List(f).Data1.RecordSource()});
+            EXPECT_TRUE(box.Form().Visible());
+            EXPECT_EQ(box.Lines("List1").size(), 2U);
+            box.Keys("{ENTER}");
+        });
+        f.Answer(1429, ui::vbYes);
+        f.Click("btnLoschen");
+        EXPECT_TRUE(f.Form().Visible());
+        EXPECT_EQ(EditLine(f), "HI|Einschlag||");
+        f.CloseBox();
+    });
+    EXPECT_EQ(s.CountStatements("DELETE"), 0);
+}
+
 // --- protocol ---
 
 TEST(ListProtocol, ASaveLeavesOneLineInTheCallersFile)
