@@ -242,6 +242,17 @@ TEST_F(PrintDataGridTest, WithoutAWordProcessorEndsQuietly)
     EXPECT_EQ(word.calls, Texts{});
 }
 
+TEST_F(PrintDataGridTest, WithoutAWordProcessorTheDocumentOfAnEarlierPrintIsFinishedOnceMore)
+{
+    ShowTrees();
+    Print();
+    word.isGone = word.fails = true;  // the user closed it, and it does not start again
+    word.TakeCalls();
+    EXPECT_EQ(ErrorOf([this] { Print(); }), 0);
+    EXPECT_EQ(word.calls, (Texts{"SetHeadingRow 1 true", "SetHeadingRow 2 true", "AddFooterPageNumber 2 true"}));
+    EXPECT_EQ(desktop.Boxes().size(), 0U);
+}
+
 TEST_F(PrintDataGridTest, AColumnOfAnUnknownFieldIsAnError)
 {
     ShowTrees();
