@@ -113,9 +113,9 @@ private:
     void Edited()
     {
         if (showing_ || Model() == nullptr) return;
-        const auto [start, length] = Mark();
+        const std::pair<std::int32_t, std::int32_t> mark = Mark();
         const std::string text = FromQt(edit_->text());
-        Act([&] { box_.UserEdit(text, start, length); });
+        Act([&] { box_.UserEdit(text, mark.first, mark.second); });
     }
 
     void Selected()
