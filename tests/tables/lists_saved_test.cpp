@@ -162,6 +162,26 @@ TEST(ListSaved, TheRefreshComesAlsoWhileTheUserPicksAGroup)
     EXPECT_EQ(s.Value("SELECT GRUPPE FROM RELTABLE WHERE ID = 1"), "5");
 }
 
+TEST(ListSaved, ARefreshThatFailsUnderThePickerEndsTheCallWhenThePickerCloses)
+{
+    Scenario s("lists.sql");
+    s.In("F_Tabellen2", [&](Dialog& f) {
+        Go(f, 0);
+        Retype(f, "txtField2", "Amt eins");
+        f.Click("btnSpeichern");
+        f.Focus("txtField3");
+        s.In("F_Picker", [&](Dialog& picker) {
+            s.FailStatement(1, ado::kErrTimeout, "zu langsam");
+            picker.Wait(500);
+            EXPECT_TRUE(s.HasFailed());
+            if (picker.Form().Visible()) picker.Click("btnCancel");
+        });
+        f.CtrlAlone();
+        EXPECT_FALSE(f.Form().Visible());
+    });
+    ExpectHostError(s, kRelations, ado::kErrTimeout, "zu langsam");
+}
+
 TEST(ListSaved, TheRefreshComesAlsoWhileTheUsesOfACodeAreShown)
 {
     Scenario s("lists.sql");
