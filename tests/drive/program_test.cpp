@@ -80,6 +80,7 @@ protected:
         if (program == 0) {
             setenv("XDG_DATA_HOME", (scratch.path / "data").c_str(), 1);
             setenv("XDG_RUNTIME_DIR", scratch.path.c_str(), 1);
+            setenv("HOME", scratch.path.c_str(), 1);  // printed documents go there
             setenv("LC_ALL", "C.UTF-8", 1);
             if (std::freopen(in.c_str(), "r", stdin) == nullptr || std::freopen(out.c_str(), "w", stdout) == nullptr ||
                 std::freopen(err.c_str(), "w", stderr) == nullptr)
@@ -179,6 +180,20 @@ TEST_F(DriveProgram, OptionsThatDoNotGoTogetherAreWrongUsage)
     const std::vector<std::string_view> both{"--show", "--drive"};
     EXPECT_TRUE(ParseOptions(both).drive);
     EXPECT_TRUE(ParseOptions(both).show);
+}
+
+TEST_F(DriveProgram, APrintTellsTheDocumentThatItMadeAndShowsItToNobody)
+{
+    const Ended ended =
+        Run({KVX_HOST, "--drive"}, R"({"do":"call","class":"c_Waldort","method":"WaldortSimple","arguments":)"
+                                   R"({"bolPrint":-1,"ID_AL":1}})");
+    EXPECT_EQ(ended.status, 0) << ended.err;
+    ASSERT_EQ(LinesOf(ended.out).size(), 1U) << ended.out;
+    std::vector<fs::path> documents;
+    for (const auto& entry : fs::directory_iterator(scratch.path))
+        if (entry.path().extension() == ".docx") documents.push_back(entry.path());
+    ASSERT_EQ(documents.size(), 1U);
+    EXPECT_NE(ended.out.find("\"opened\":[\"" + documents[0].string() + "\"]"), std::string::npos) << ended.out;
 }
 
 TEST_F(DriveProgram, ThePythonClientPicksAStandAndAddsACode)
