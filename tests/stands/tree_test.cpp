@@ -427,21 +427,25 @@ TEST(StandTree, TheBarIsGoneAndTheButtonsAreSetWhenTheTreeIsThere)
 
 TEST(StandTree, TheBarGoesOnEveryHundredthRowAndIsGoneAfterwards)
 {
-    std::string rows = "INSERT INTO WALDORT (WO1) VALUES ('1')";
-    for (int stand = 2; stand <= 250; ++stand)
-        rows += ", ('" + std::to_string(stand) + "')";
-    Scenario s{rows};
-    BarWatch bar;
-    s.Desktop().Post([&] { bar.Attach(); });
-    Maintain(s, [&](Dialog& f) {
-        bar.Detach();
-        EXPECT_FALSE(f.Shown("ProgressBar1"));
-        EXPECT_EQ(f.Text("ProgressBar1", "Value"), "0");
-        f.Click("btnCancel");
-    });
-    // Rows 1, 101 and 201 of 250, in whole hundredths.
-    EXPECT_EQ(bar.states, Lines({"hidden", "0", "40", "80", "0", "hidden"}));
-    EXPECT_TRUE(bar.isHundredths);
+    // Rows 1, 101 and 201, counted from 1, in whole hundredths.
+    const std::pair<int, Lines> cases[] = {{250, {"hidden", "0", "40", "80", "0", "hidden"}},
+                                           {101, {"hidden", "0", "100", "0", "hidden"}}};
+    for (const auto& [count, states] : cases) {
+        std::string rows = "INSERT INTO WALDORT (WO1) VALUES ('1')";
+        for (int stand = 2; stand <= count; ++stand)
+            rows += ", ('" + std::to_string(stand) + "')";
+        Scenario s{rows};
+        BarWatch bar;
+        s.Desktop().Post([&bar] { bar.Attach(); });
+        Maintain(s, [&bar](Dialog& f) {
+            bar.Detach();
+            EXPECT_FALSE(f.Shown("ProgressBar1"));
+            EXPECT_EQ(f.Text("ProgressBar1", "Value"), "0");
+            f.Click("btnCancel");
+        });
+        EXPECT_EQ(bar.states, states) << count;
+        EXPECT_TRUE(bar.isHundredths);
+    }
 }
 
 TEST(StandTree, TheFieldsAreOpenBeforeAStandIsChosen)
