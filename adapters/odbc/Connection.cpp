@@ -239,7 +239,7 @@ Connection::Result Connection::RunText(std::string_view text, const std::optiona
         DrainResults(statement);
         return std::make_unique<DoneStatement>(affected);
     }
-    std::vector<DriverColumn> columns = DescribeByDriver(*this, statement, count);
+    const std::vector<DriverColumn> columns = DescribeByDriver(*this, statement, count);
     const std::size_t visible = columns.size() - std::min(keys.added, columns.size());
     std::vector<ado::ColumnInfo> infos = Describe(*this, columns, visible, told);
     std::vector<std::vector<std::size_t>> keyParts;
@@ -253,8 +253,8 @@ Connection::Result Connection::RunText(std::string_view text, const std::optiona
         infos.push_back(std::move(info));
         keyParts.push_back(table.positions);
     }
-    auto rows = std::make_unique<RowStatement>(*this, std::move(statement), std::move(columns), std::move(infos),
-                                               visible, std::move(keyParts));
+    auto rows = std::make_unique<RowStatement>(*this, std::move(statement), columns, std::move(infos), visible,
+                                               std::move(keyParts));
     if (told) return rows;
     // A procedure or a text of several statements: what comes behind these rows runs before the caller goes on.
     auto kept = std::make_unique<KeptStatement>(*rows);

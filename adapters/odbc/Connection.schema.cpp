@@ -159,12 +159,13 @@ std::vector<std::vector<std::string>> Connection::Rows(std::string_view text)
     SendText(statement, text);
     SQLSMALLINT count = 0;
     Check(statement, SQLNumResultCols(statement.Get(), &count));
-    std::vector<DriverColumn> columns = DescribeByDriver(*this, statement, count);
+    const std::vector<DriverColumn> columns = DescribeByDriver(*this, statement, count);
     std::vector<ado::ColumnInfo> infos;
+    infos.reserve(columns.size());
     for (const DriverColumn& column : columns)
         infos.push_back(InfoOf(column));
     const std::size_t visible = columns.size();
-    RowStatement rows(*this, std::move(statement), std::move(columns), std::move(infos), visible, {});
+    RowStatement rows(*this, std::move(statement), columns, std::move(infos), visible, {});
     std::vector<std::vector<std::string>> result;
     while (rows.Step()) {
         std::vector<std::string>& row = result.emplace_back();

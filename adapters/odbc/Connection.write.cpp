@@ -40,9 +40,9 @@ private:
         case VarType::Empty:
         case VarType::Null: {
             place.length = SQL_NULL_DATA;
-            const SQLSMALLINT type = ado::IsDateType(column.type)     ? SQL_TYPE_TIMESTAMP
-                                     : ado::IsNumberType(column.type) ? SQL_INTEGER
-                                                                      : SQL_WVARCHAR;
+            SQLSMALLINT type = SQL_WVARCHAR;
+            if (ado::IsDateType(column.type)) type = SQL_TYPE_TIMESTAMP;
+            if (ado::IsNumberType(column.type)) type = SQL_INTEGER;
             return BindPlace(place, SQL_C_CHAR, type, type == SQL_TYPE_TIMESTAMP ? 19 : 1, 0, nullptr, 0);
         }
         case VarType::Boolean: return AddWhole(place, *value.As<bool>() ? 1 : 0);
@@ -292,11 +292,12 @@ basic::Variant Connection::UpdateRow(const ado::RowChange& change, const TableDe
         const bool forUpdate = engine_ == Engine::MariaDb || engine_ == Engine::Oracle;
         SendText(look, "SELECT " + list + " FROM " + QuotedName(table.name) + (hint ? " WITH (UPDLOCK)" : "") +
                            keyCondition(parameters) + (forUpdate ? " FOR UPDATE" : ""));
-        std::vector<DriverColumn> told = DescribeByDriver(*this, look, static_cast<SQLSMALLINT>(columns.size()));
+        const std::vector<DriverColumn> told = DescribeByDriver(*this, look, static_cast<SQLSMALLINT>(columns.size()));
         std::vector<ado::ColumnInfo> infos;
+        infos.reserve(columns.size());
         for (const TableColumn* column : columns)
             infos.push_back(column->info);
-        RowStatement current(*this, std::move(look), std::move(told), std::move(infos), columns.size(), {});
+        RowStatement current(*this, std::move(look), told, std::move(infos), columns.size(), {});
         if (!current.Step()) RaiseRowChanged();
         for (std::size_t index = 0; index < change.oldValues.size() && index < columns.size(); ++index) {
             if (change.oldValues[index].IsEmpty()) continue;

@@ -141,8 +141,9 @@ std::optional<ToldList> Follow(Connection& connection, const Select& select)
 std::vector<DriverColumn> DescribeByDriver(Connection& connection, const StatementHandle& statement, SQLSMALLINT count)
 {
     std::vector<DriverColumn> columns(static_cast<std::size_t>(count));
-    for (SQLUSMALLINT number = 1; number <= columns.size(); ++number) {
-        DriverColumn& column = columns[number - 1];
+    for (SQLSMALLINT index = 0; index < count; ++index) {
+        const auto number = static_cast<SQLUSMALLINT>(index + 1);
+        DriverColumn& column = columns[static_cast<std::size_t>(index)];
         std::array<SQLWCHAR, 512> name{};
         SQLSMALLINT length = 0, nullable = SQL_NULLABLE_UNKNOWN;
         connection.Check(statement,

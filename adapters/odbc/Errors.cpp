@@ -82,8 +82,9 @@ std::string_view WithoutNames(std::string_view message)
     }
     constexpr std::string_view kTail = ";\nError while executing the query";
     if (message.ends_with(kTail)) message.remove_suffix(kTail.size());
-    const std::size_t last = message.find_last_not_of(" \r\n");
-    return message.substr(message.find_first_not_of(" "), last == std::string_view::npos ? 0 : last + 1);
+    const std::size_t first = message.find_first_not_of(" \r\n");
+    if (first == std::string_view::npos) return {};  // a driver may say nothing
+    return message.substr(first, message.find_last_not_of(" \r\n") - first + 1);
 }
 
 }  // namespace

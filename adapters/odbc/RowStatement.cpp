@@ -13,10 +13,10 @@ namespace {
 
 using Kind = ado::Cell::Kind;
 
-constexpr std::size_t kBlockBytes = 256 * 1024;
+constexpr std::size_t kBlockBytes = std::size_t{256} * 1024;
 constexpr SQLULEN kMostRows = 1024;
 constexpr std::size_t kLongestBound = 2000;  // characters
-constexpr std::size_t kPiece = 16 * 1024;    // bytes of a long value fetched at once
+constexpr std::size_t kPiece = 16384;        // bytes of a long value fetched at once
 constexpr int kExactDigits = 15;             // a double keeps so many
 
 bool IsWholeType(ado::DataTypeEnum type)
@@ -90,7 +90,7 @@ std::size_t Characters(std::string_view utf8)
 
 }  // namespace
 
-RowStatement::RowStatement(Connection& connection, StatementHandle statement, std::vector<DriverColumn> columns,
+RowStatement::RowStatement(Connection& connection, StatementHandle statement, const std::vector<DriverColumn>& columns,
                            std::vector<ado::ColumnInfo> infos, std::size_t visible,
                            std::vector<std::vector<std::size_t>> keyParts)
     : connection_(connection), infos_(std::make_shared<const std::vector<ado::ColumnInfo>>(std::move(infos))),

@@ -18,7 +18,7 @@ public:
     /// @param columns   all of the result
     /// @param infos     the visible ones, then a rowKey column for each of keyParts
     /// @param keyParts  which columns of the result make up each row key
-    RowStatement(Connection& connection, StatementHandle statement, std::vector<DriverColumn> columns,
+    RowStatement(Connection& connection, StatementHandle statement, const std::vector<DriverColumn>& columns,
                  std::vector<ado::ColumnInfo> infos, std::size_t visible,
                  std::vector<std::vector<std::size_t>> keyParts);
     RowStatement(const RowStatement&) = delete;

@@ -19,7 +19,6 @@
 // What a person does to the dialog in front. Everything is checked before it is touched: a fault has changed nothing.
 namespace kvx::host::drive {
 
-using adapters::headless::Hands;
 using adapters::headless::KeyStroke;
 using adapters::headless::User;
 

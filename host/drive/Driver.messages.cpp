@@ -235,7 +235,8 @@ void Driver::OnSession(const Json& message)
         const Json& set = message["set"];
         if (!set.is_object()) throw Fault("bad-message", "\"set\" must name fields and their values");
         KvxVar changed = kvxvar;  // all or nothing
-        for (const auto& [name, value] : set.items()) {
+        for (const auto& item : set.items()) {
+            const std::string& name = item.key();
             const auto* field =
                 std::ranges::find_if(kSessionFields, [&](const SessionField& row) { return name == row.name; });
             if (field == std::end(kSessionFields))

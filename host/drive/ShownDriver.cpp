@@ -17,7 +17,6 @@
 
 namespace kvx::host::drive {
 
-using adapters::qt::FromQt;
 using adapters::qt::ToQt;
 
 // --- lines
